@@ -1,0 +1,7 @@
+#include "curve/data/CurveModuleRow.h"
+
+namespace IVCurve {
+
+CurveModuleRow::~CurveModuleRow() = default;
+
+} // namespace IVCurve

@@ -1,0 +1,177 @@
+#include "curve/data/CurveDatabase.h"
+#include "curve/data/CurveGraphModel.h"
+#include "curve/data/CurveTreeModel.h"
+#include "tests/curve/data/CurveSample.h"
+#include "tests/support/BoxWatcher.h"
+#include "tests/support/TestMain.h"
+#include "tests/support/WithoutRights.h"
+
+#include <QProcess>
+#include <QSqlQuery>
+
+#include <random>
+
+using namespace IVCurve;
+
+/// What goes wrong with disk, file and process while curves are written.
+class TestCurveFaults : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void aFullDiskIsToldAndLeavesTheFileSound();
+    void aReadOnlyFileOpensAndTellsAtTheFirstChange();
+    void aLockedFileIsToldAndTheTreeCannotBeRead();
+    void aFileLockedDuringASaveIsWaitedForOnce();
+    void nothingReportedDoneIsLostByAKill();
+};
+
+void TestCurveFaults::aFullDiskIsToldAndLeavesTheFileSound()
+{
+    const QString path = CurveSample::newFile();
+    int stored = 0;
+    {
+        const CurveDatabase database(path);
+        const int pages = [&] {
+            QSqlQuery query(database.database());
+            return query.exec("PRAGMA page_count") && query.next() ? query.value(0).toInt() : 0;
+        }();
+        QVERIFY(QSqlQuery(database.database()).exec(QString("PRAGMA max_page_count=%1").arg(pages + 30)));
+        BoxWatcher watcher;
+        watcher.expect("full", QMessageBox::Ok);
+        while (database.graphModel()->insertString(CurveSample::record(100)) != 0)
+            ++stored;
+        QVERIFY(stored > 2);
+        QVERIFY(watcher.boxes().first().icon == QMessageBox::Critical);
+    }
+    QCOMPARE(CurveSample::value(path, "SELECT count(*) FROM Curves").toInt(), stored);
+    QCOMPARE(CurveSample::value(path, "PRAGMA integrity_check").toString(), QString("ok"));
+}
+
+void TestCurveFaults::aReadOnlyFileOpensAndTellsAtTheFirstChange()
+{
+    const QString path = CurveSample::newFile();
+    {
+        const CurveDatabase database(path);
+        TreeItem *node = database.treeModel()->insertNewRow(QModelIndex());
+        node->setData(TreeItem::CurveID, database.graphModel()->insertString(CurveSample::record()));
+        database.treeModel()->slotSave();
+    }
+    QFile::setPermissions(path, QFile::Permissions(0x4444));
+    QFile::setPermissions(TestHome::instance()->path(), QFile::Permissions(0x7755));
+    const QByteArray before = readFile(path);
+    {
+        const WithoutRights rights;
+        const CurveDatabase database(path);
+        QVERIFY(database.isOpen());
+        QCOMPARE(database.treeModel()->rowCount(), 1);
+        QVERIFY(database.graphModel()->loadString(1) != nullptr);
+        BoxWatcher watcher;
+        watcher.expect("readonly", QMessageBox::Ok);
+        QCOMPARE(database.graphModel()->insertString(CurveSample::record()), 0u);
+        watcher.expect("readonly", QMessageBox::Ok);
+        database.treeModel()->slotSave();
+    }
+    QCOMPARE(readFile(path), before);
+    QFile::setPermissions(path, QFile::Permissions(0x6666));
+}
+
+void TestCurveFaults::aLockedFileIsToldAndTheTreeCannotBeRead()
+{
+    const QString path = CurveSample::newFile();
+    QProcess other;
+    other.start(KELMAR_CURVE_WRITER, {path, "--lock"});
+    QVERIFY(other.waitForReadyRead(30000));
+    {
+        BoxWatcher watcher;
+        watcher.expect("locked", QMessageBox::Ok);
+        QVERIFY_EXCEPTION_THROWN(CurveDatabase{path}, std::exception);
+    }
+    other.closeWriteChannel();
+    QVERIFY(other.waitForFinished());
+    QVERIFY(CurveDatabase(path).isOpen());
+}
+
+void TestCurveFaults::aFileLockedDuringASaveIsWaitedForOnce()
+{
+    const QString path = CurveSample::newFile();
+    const CurveDatabase database(path);
+    for (int i = 0; i < 50; ++i)
+        database.treeModel()->insertNewRow(QModelIndex());
+    QVERIFY(QSqlQuery(database.database()).exec("PRAGMA busy_timeout=200"));
+    QProcess other;
+    other.start(KELMAR_CURVE_WRITER, {path, "--lock"});
+    QVERIFY(other.waitForReadyRead(30000));
+    QElapsedTimer timer;
+    timer.start();
+    {
+        BoxWatcher watcher;
+        watcher.expect("locked", QMessageBox::Ok);
+        database.treeModel()->slotSave();
+    }
+    // Fifty nodes would otherwise wait fifty times.
+    QVERIFY2(timer.elapsed() < 3000, qPrintable(QString::number(timer.elapsed())));
+    other.closeWriteChannel();
+    QVERIFY(other.waitForFinished());
+    database.treeModel()->slotSave();
+    QCOMPARE(CurveSample::value(path, "SELECT count(*) FROM TreeNodes").toInt(), 50);
+}
+
+void TestCurveFaults::nothingReportedDoneIsLostByAKill()
+{
+    std::mt19937 random(200);
+    QString path;
+    QSet<quint32> inserted;
+    int kills = 0;
+    bool saved = false;
+    for (; kills < 200; ++kills) {
+        // Ten kills for each file, so that it has grown and been repaired before.
+        if (kills % 10 == 0) {
+            path = CurveSample::newFile("killed.kelcrv");
+            QFile::remove(path + "-journal");
+        }
+        // What an earlier writer had stored without a saved node goes with the next save, as it should.
+        inserted.clear();
+        QProcess writer;
+        writer.start(KELMAR_CURVE_WRITER, {path});
+        QVERIFY(writer.waitForStarted());
+        QByteArray output;
+        // Some die before they have written, most while they write, and every fifth after its first save,
+        // however slow the disk is.
+        if (kills % 5 == 4) {
+            while (!output.contains("saved")) {
+                QVERIFY(writer.waitForReadyRead(30000));
+                output += writer.readAllStandardOutput();
+            }
+        } else if (random() % 4 != 0) {
+            QVERIFY(writer.waitForReadyRead(30000));
+        }
+        QTest::qSleep(1 + int(random() % 25));
+        writer.kill();
+        QVERIFY(writer.waitForFinished());
+        output += writer.readAllStandardOutput();
+        const QList<QByteArray> lines = output.split('\n');
+        // The last line may be half of one.
+        for (int i = 0; i + 1 < lines.size(); ++i) {
+            if (lines.at(i).startsWith("inserted "))
+                inserted.insert(lines.at(i).mid(9).toUInt());
+            saved = saved || lines.at(i).startsWith("saved");
+        }
+        {
+            const CurveDatabase database(path);
+            QVERIFY(database.isOpen());
+            for (const quint32 id : qAsConst(inserted)) {
+                const auto record = database.graphModel()->loadString(id);
+                QVERIFY2(record != nullptr,
+                         qPrintable(QString("string %1 after %2 kills").arg(id).arg(kills)));
+                QCOMPARE(record->measuredCurve().size(), 40);
+            }
+        }
+        QCOMPARE(CurveSample::value(path, "PRAGMA integrity_check").toString(), QString("ok"));
+    }
+    QVERIFY(saved);
+    QCOMPARE(kills, 200);
+}
+
+KELMAR_TEST_MAIN(TestCurveFaults)
+#include "tst_curvefaults.moc"

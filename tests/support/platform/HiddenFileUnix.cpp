@@ -1,0 +1,3 @@
+#include "tests/support/HiddenFile.h"
+
+void hide(const QString &) {}

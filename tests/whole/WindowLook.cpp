@@ -1,0 +1,43 @@
+#include "tests/whole/WindowLook.h"
+
+#include "tests/support/AccessibleNames.h"
+#include "tests/whole/KeyboardReach.h"
+#include "tests/support/TextRoom.h"
+#include "tests/whole/WholeProgram.h"
+
+#include <QMenu>
+#include <QtTest>
+
+namespace {
+
+void expectNone(const QString &name, const char *what, const QStringList &findings)
+{
+    QVERIFY2(findings.isEmpty(), qPrintable(name + QStringLiteral(": ") + QLatin1String(what) +
+                                            QStringLiteral(":\n") + findings.join(QLatin1Char('\n'))));
+}
+
+} // namespace
+
+void WindowLook::at(QWidget *window, const QString &name)
+{
+    QVERIFY(QTest::qWaitForWindowExposed(window));
+    QTest::qWait(50);
+    WholeProgram::takePicture(window, name);
+    expectNone(name, "no room", TextRoom::clippedTexts(window));
+    expectNone(name, "shared keys", KeyboardReach::sharedAccelerators(window));
+    expectNone(name, "no name", AccessibleNames::missingIn(window));
+}
+
+void WindowLook::atDialog(QWidget *dialog, const QString &name)
+{
+    at(dialog, name);
+    expectNone(name, "out of the Tab key's reach", KeyboardReach::notReachedByTab(dialog));
+}
+
+void WindowLook::atMenu(QMenu *menu, const QString &name)
+{
+    QVERIFY(QTest::qWaitForWindowExposed(menu));
+    WholeProgram::takePicture(menu, name);
+    QVERIFY2(menu->sizeHint().width() <= menu->width(), qPrintable(name));
+    expectNone(name, "shared keys", KeyboardReach::sharedAccelerators(menu));
+}

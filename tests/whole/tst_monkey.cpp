@@ -1,0 +1,172 @@
+#include "app/core/Identity.h"
+#include "app/shell/Application.h"
+#include "res/Resources.h"
+#include "tests/support/TestHome.h"
+#include "tests/whole/HangWatch.h"
+#include "tests/whole/Monkey.h"
+
+#include <QtTest>
+#include <QtWidgets>
+
+namespace {
+
+/// What one start of the program is to get, and what came of it.
+struct Run
+{
+    unsigned seed = 0;
+    int milliseconds = 0;
+    int steps = 0;
+    double longest = 0;
+    double longestBusy = 0;
+};
+
+Run run;
+std::unique_ptr<Monkey> monkey;
+std::unique_ptr<HangWatch> watch;
+
+/// Takes what the program would hand to a browser or another program of the desktop.
+class Desktop : public QObject
+{
+    Q_OBJECT
+
+public slots:
+    void open(const QUrl &) {}
+};
+
+QString home()
+{
+    return TestHome::instance()->projectsRoot();
+}
+
+QString logFolder()
+{
+    return qEnvironmentVariable("KELMAR_MONKEY_LOGS", QDir::tempPath());
+}
+
+void startMonkey()
+{
+    if (run.milliseconds == 0)
+        return;
+    const QString log = QStringLiteral("%1/kelmar-monkey-%2.log").arg(logFolder()).arg(run.seed);
+    monkey = std::make_unique<Monkey>(run.seed, home(), log);
+    watch = std::make_unique<HangWatch>();
+    monkey->start();
+    QTimer::singleShot(run.milliseconds, monkey.get(), &Monkey::leave);
+}
+
+void endMonkey()
+{
+    run.steps = monkey ? monkey->steps() : 0;
+    run.longest = watch ? watch->longest() : 0;
+    run.longestBusy = watch ? watch->longestBusy() : 0;
+    monkey.reset();
+    watch.reset();
+}
+
+/// One start of the program, to its end.
+void runOnce(unsigned seed, int milliseconds)
+{
+    static const bool registered = (qAddPreRoutine(startMonkey), true);
+    Q_UNUSED(registered)
+    qAddPostRoutine(endMonkey);
+    run = {seed, milliseconds, 0, 0, 0};
+    Desktop desktop;
+    for (const char *scheme : {"file", "http", "https", "mailto"})
+        QDesktopServices::setUrlHandler(scheme, &desktop, "open");
+    char name[] = "kelmar";
+    char *arguments[] = {name, nullptr};
+    int count = 1;
+    runKelmar(count, arguments, std::chrono::milliseconds(50));
+    for (const char *scheme : {"file", "http", "https", "mailto"})
+        QDesktopServices::unsetUrlHandler(scheme);
+}
+
+int number(const char *variable, int otherwise)
+{
+    bool given = false;
+    const int value = qEnvironmentVariableIntValue(variable, &given);
+    return given ? value : otherwise;
+}
+
+} // namespace
+
+/// Random hands on the whole program. KELMAR_MONKEY_SECONDS says how long each seed acts, KELMAR_MONKEY_SEED
+/// names the one seed to take in place of those that are kept, KELMAR_MONKEY_LOGS the folder for the steps.
+class TestMonkey : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void randomHandsNeitherCrashNorHangTheProgram_data();
+    void randomHandsNeitherCrashNorHangTheProgram();
+
+private:
+    static void layOutTheJob();
+};
+
+void TestMonkey::layOutTheJob()
+{
+    QDir(home()).removeRecursively();
+    QDir(TestHome::instance()->dataFolder()).removeRecursively();
+    QSettings store(Identity::organisationName(), Identity::applicationName());
+    store.clear();
+    store.setValue("locale", "en");
+    store.setValue("Directories/RootDir", home());
+    QSettings().sync();
+    initResources();
+    for (const char *suffix : {"kelir", "kelvc", "kelchk", "kelatr"})
+        writeFile(home() + "/Job/report." + suffix,
+                  readFile(QStringLiteral(":/res/reports_en/default.%1").arg(suffix)));
+    QDirIterator samples(KELMAR_SAMPLES, QDir::Files, QDirIterator::Subdirectories);
+    while (samples.hasNext()) {
+        const QString path = samples.next();
+        writeFile(home() + "/Job/" + samples.fileName(), readFile(path));
+    }
+}
+
+void TestMonkey::randomHandsNeitherCrashNorHangTheProgram_data()
+{
+    QTest::addColumn<int>("seed");
+    if (qEnvironmentVariableIsSet("KELMAR_MONKEY_SEED")) {
+        const int seed = number("KELMAR_MONKEY_SEED", 0);
+        QTest::addRow("seed %d", seed) << seed;
+        return;
+    }
+    // Those that found something once, and some that are as good as any.
+    for (int seed : {1, 2, 3, 4})
+        QTest::addRow("seed %d", seed) << seed;
+}
+
+void TestMonkey::randomHandsNeitherCrashNorHangTheProgram()
+{
+    QFETCH(int, seed);
+    layOutTheJob();
+    QElapsedTimer clock;
+    clock.start();
+    const int seconds = number("KELMAR_MONKEY_SECONDS", 15);
+    Run whole;
+    int starts = 0;
+    // A program that the monkey has ended is started again, with other gestures.
+    do {
+        runOnce(unsigned(seed + 1000 * starts++), int(seconds * 1000 - clock.elapsed()));
+        whole.steps += run.steps;
+        whole.longest = qMax(whole.longest, run.longest);
+        whole.longestBusy = qMax(whole.longestBusy, run.longestBusy);
+    } while (clock.elapsed() < seconds * 1000);
+    qInfo("%d gestures in %d starts; longest gap %.2f s, longest busy one %.2f s", whole.steps, starts,
+          whole.longest, whole.longestBusy);
+    QVERIFY2(whole.steps > 2 * seconds, "the monkey was held up");
+    QVERIFY2(whole.longestBusy < 2.0, "the program did not answer for two seconds");
+}
+
+int main(int argc, char **argv)
+{
+    qSetGlobalQHashSeed(0);
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    TestHome home;
+    QDir::setCurrent(home.path());
+    TestMonkey test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_monkey.moc"
