@@ -2,6 +2,7 @@
 
 #include "app/core/Folders.h"
 #include "tests/report/ReportSample.h"
+#include "tests/support/Patience.h"
 #include "tests/support/TestHome.h"
 
 #include <QCheckBox>
@@ -43,7 +44,7 @@ SearchPanel::SearchPanel()
 {
     resize(250, 600);
     show();
-    QVERIFY(QTest::qWaitForWindowExposed(this));
+    QVERIFY(QTest::qWaitForWindowExposed(this, patience));
 }
 
 QPushButton *SearchPanel::searchButton() const

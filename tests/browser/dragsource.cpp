@@ -2,6 +2,8 @@
 //   dragsource X Y FILE ...
 // Ends when the target has taken the files or refused them.
 
+#include "tests/support/Patience.h"
+
 #include <QApplication>
 #include <QDrag>
 #include <QLabel>
@@ -47,7 +49,7 @@ int main(int argc, char **argv)
     Source source(urls);
     source.setGeometry(900, 700, 80, 40);
     source.show();
-    if (!QTest::qWaitForWindowExposed(&source))
+    if (!QTest::qWaitForWindowExposed(&source, patience))
         return 1;
     QWindow *window = source.windowHandle();
     // The drag runs a loop of its own inside the press, so each thing the hand does has its own timer.

@@ -83,7 +83,7 @@ void TestLiveTree::elsewhere(const char *script)
     QProcess shell;
     shell.setWorkingDirectory(root());
     shell.start("sh", {"-e", "-c", script});
-    QVERIFY(shell.waitForFinished());
+    QVERIFY(shell.waitForFinished(patience));
     QCOMPARE(shell.exitCode(), 0);
 }
 

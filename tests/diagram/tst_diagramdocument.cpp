@@ -41,7 +41,7 @@ public:
         m_window.setCentralWidget(document);
         m_window.show();
         QApplication::setActiveWindow(&m_window);
-        QVERIFY(QTest::qWaitForWindowActive(&m_window));
+        QVERIFY(QTest::qWaitForWindowActive(&m_window, patience));
     }
 
     QAction *save = nullptr;
@@ -67,7 +67,7 @@ QString output(const QString &program, const QStringList &arguments)
 {
     QProcess process;
     process.start(program, arguments);
-    if (!process.waitForFinished() || process.exitCode() != 0)
+    if (!process.waitForFinished(patience) || process.exitCode() != 0)
         QTest::qFail(qPrintable(program + QStringLiteral(" failed: ") + process.errorString()), __FILE__,
                      __LINE__);
     return QString::fromUtf8(process.readAllStandardOutput());
@@ -213,7 +213,7 @@ void TestDiagramDocument::theSheetIsWhiteOnADesktopOfDarkColours()
     InstallationDiagramDocument document(path());
     document.resize(400, 300);
     document.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&document));
+    QVERIFY(QTest::qWaitForWindowExposed(&document, patience));
     const QImage seen = document.view()->viewport()->grab().toImage();
     QCOMPARE(seen.pixelColor(5, 5), QColor(Qt::white));
     QApplication::setPalette(before);
@@ -312,7 +312,7 @@ void TestDiagramDocument::controlSSavesOnceWithAndWithoutAMainWindow()
         InstallationDiagramDocument document(path());
         document.show();
         QApplication::setActiveWindow(&document);
-        QVERIFY(QTest::qWaitForWindowActive(&document));
+        QVERIFY(QTest::qWaitForWindowActive(&document, patience));
         document.modified();
         QTest::keyClick(document.view(), Qt::Key_S, Qt::ControlModifier);
         QVERIFY(!document.isModified());

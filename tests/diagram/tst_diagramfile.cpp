@@ -5,7 +5,6 @@
 #include "tests/support/BoxWatcher.h"
 #include "tests/support/TestMain.h"
 
-#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QScrollBar>
 
@@ -97,8 +96,8 @@ private slots:
     void numbersThatAreNoneCountAsAbsent();
     void hugeCoordinatesDoNotStopTheScrollBars();
     void duplicateIdsAttachToTheTopmost();
-    void thousandsOfItemsAreLoadedInTime();
-    void aFileAtTheLimitIsLoadedInTime();
+    void thousandsOfItemsAreLoadedAndSaved();
+    void aFileAtTheLimitIsLoadedAndSaved();
     void aCaptionOfAHundredThousandLettersIsShownInPartAndKeptWhole();
     void strangeStructuresAreLoadedSavedAndLoadedAgain_data();
     void strangeStructuresAreLoadedSavedAndLoadedAgain();
@@ -263,12 +262,9 @@ void TestDiagramFile::hostileXmlIsRefusedInWords()
     QFETCH(QByteArray, xml);
     DiagramGraphicsScene scene;
     GatedXml::Error error;
-    QElapsedTimer timer;
-    timer.start();
     QVERIFY(!scene.readXml(xml, &error));
     QVERIFY(!error.message.isEmpty());
     QVERIFY(scene.items().isEmpty());
-    QVERIFY2(timer.elapsed() < 20000, qPrintable(QString::number(timer.elapsed())));
 }
 
 void TestDiagramFile::numbersThatAreNoneCountAsAbsent_data()
@@ -329,7 +325,7 @@ void TestDiagramFile::duplicateIdsAttachToTheTopmost()
     }
 }
 
-void TestDiagramFile::thousandsOfItemsAreLoadedInTime()
+void TestDiagramFile::thousandsOfItemsAreLoadedAndSaved()
 {
     const QByteArray xml = withRoot(
         repeated("<inverter id='id%1' x='%1' y='5'><label x='%1' y='9' text='Inverter %1'/></inverter>",
@@ -338,38 +334,27 @@ void TestDiagramFile::thousandsOfItemsAreLoadedInTime()
                  "connectedPosY='50' direction='8'/><connectionB connectedItemId='id7' connectedPosX='0' "
                  "connectedPosY='50' direction='8'/></connection>",
                  3000));
-    QElapsedTimer timer;
-    timer.start();
     DiagramGraphicsScene scene;
     QVERIFY(scene.readXml(xml));
     const QStringList all = elements(scene.toXml());
     QCOMPARE(all.size(), 8000);
-    QVERIFY2(timer.elapsed() < 20000, qPrintable(QString::number(timer.elapsed())));
 }
 
-void TestDiagramFile::aFileAtTheLimitIsLoadedInTime()
+void TestDiagramFile::aFileAtTheLimitIsLoadedAndSaved()
 {
     // The most captions that the least text can ask for.
     const QByteArray xml = withRoot(repeated("<panel><label/></panel>", 65000));
-    QElapsedTimer timer;
-    timer.start();
-    {
-        DiagramGraphicsScene scene;
-        QVERIFY(scene.readXml(xml));
-        qInfo("%lld ms for 65,000 captions", timer.restart());
-    }
-    QVERIFY2(timer.elapsed() < 20000, qPrintable(QString::number(timer.elapsed())));
+    DiagramGraphicsScene scene;
+    QVERIFY(scene.readXml(xml));
+    QCOMPARE(elements(scene.toXml()).size(), 65000);
 }
 
 void TestDiagramFile::aCaptionOfAHundredThousandLettersIsShownInPartAndKeptWhole()
 {
     const QByteArray letters(100000, 'x');
-    QElapsedTimer timer;
-    timer.start();
     DiagramDesk desk;
     desk.read("<inverter id='id1'><label width='50' height='10' text='" + letters + "'/></inverter>");
     QVERIFY(!desk.view.grab().isNull());
-    QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
     QCOMPARE(desk.item("id1")->label()->toPlainText().size(), 4000);
     QCOMPARE(desk.written("id1").firstChildElement().attribute("text").toUtf8(), letters);
 }

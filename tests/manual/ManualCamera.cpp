@@ -1,5 +1,6 @@
 #include "tests/manual/ManualCamera.h"
 
+#include "tests/support/Patience.h"
 #include "tests/support/TestHome.h"
 
 #include <QDir>
@@ -33,7 +34,7 @@ QRect placeOf(const QWidget *widget)
 
 void ManualCamera::takeFramed(QWidget *window, const QString &name)
 {
-    QVERIFY(QTest::qWaitForWindowExposed(window));
+    QVERIFY(QTest::qWaitForWindowExposed(window, patience));
     // The window manager tells only after a while how wide the frame is that it has drawn; a widget asks
     // once and keeps the answer.
     const QWindow *handle = window->windowHandle();

@@ -7,6 +7,7 @@
 #include "report/items/ReportTable.h"
 #include "report/items/ReportTableCell.h"
 #include "tests/manual/ManualCamera.h"
+#include "tests/support/Patience.h"
 #include "tests/whole/Hands.h"
 
 #include <QtTest>

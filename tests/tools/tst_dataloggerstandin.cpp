@@ -40,7 +40,7 @@ int TestDataloggerStandIn::run(const QMap<QString, QString> &variables, int mill
     process.start(QStringLiteral(KELMAR_DATALOGGER), QStringList());
     if (!process.waitForFinished(milliSeconds)) {
         process.kill();
-        process.waitForFinished();
+        process.waitForFinished(patience);
         return -1;
     }
     return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;

@@ -89,7 +89,7 @@ int TestResourceBuilder::build(const QString &source, const QString &target)
 {
     QProcess process;
     process.start(KELMAR_RESOURCE_BUILDER, {source, target});
-    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
+    if (!process.waitForFinished(patience) || process.exitStatus() != QProcess::NormalExit)
         return -1;
     m_errors = process.readAllStandardError();
     return process.exitCode();
@@ -228,7 +228,7 @@ void TestResourceBuilder::iconsForDesktopsComeInAllSizes()
 {
     QProcess process;
     process.start(KELMAR_RESOURCE_BUILDER, {"--desktop-icons", KELMAR_RESOURCE_SOURCES, m_target});
-    QVERIFY(process.waitForFinished());
+    QVERIFY(process.waitForFinished(patience));
     QCOMPARE(process.exitCode(), 0);
     const QStringList names{"apps/kelmar",
                             "mimetypes/application-x-kelmar-inspection-report",

@@ -87,7 +87,7 @@ int runGenerator(const QStringList &arguments)
 {
     QProcess process;
     process.start(QStringLiteral(KELMAR_TESTER_FILES), arguments);
-    if (!process.waitForFinished(30000) || process.exitStatus() != QProcess::NormalExit)
+    if (!process.waitForFinished(patience) || process.exitStatus() != QProcess::NormalExit)
         return -1;
     return process.exitCode();
 }

@@ -119,7 +119,7 @@ void TestCatalogues::everyTextOfTheSourcesIsInEveryCatalogue()
     lupdate.start(KELMAR_LUPDATE, QStringList{"-silent", "-locations", "none", "-I", "."} +
                                       QStringLiteral(KELMAR_TRANSLATED_FOLDERS).split(' ') +
                                       QStringList{"-ts", path});
-    QVERIFY(lupdate.waitForFinished());
+    QVERIFY(lupdate.waitForFinished(patience));
     QVERIFY2(lupdate.exitCode() == 0, lupdate.readAllStandardError());
     const Catalogue sources(path);
     QCOMPARE(sources.error(), QString());

@@ -1,5 +1,7 @@
 #include "tests/whole/Hands.h"
 
+#include "tests/support/Patience.h"
+
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAction>

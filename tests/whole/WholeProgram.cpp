@@ -2,6 +2,7 @@
 
 #include "app/shell/Application.h"
 #include "app/shell/MainWindow.h"
+#include "tests/support/Patience.h"
 #include "tests/whole/Hands.h"
 
 #include <QApplication>
@@ -102,7 +103,7 @@ void WholeProgram::takePicture(QWidget *window, const QString &name)
 {
     if (!qEnvironmentVariableIsSet("KELMAR_SCREENSHOTS"))
         return;
-    QVERIFY(QTest::qWaitForWindowExposed(window));
+    QVERIFY(QTest::qWaitForWindowExposed(window, patience));
     QTest::qWait(150);
     const QRect place = window->frameGeometry();
     QScreen *screen = QGuiApplication::primaryScreen();

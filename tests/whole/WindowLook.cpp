@@ -1,8 +1,9 @@
 #include "tests/whole/WindowLook.h"
 
 #include "tests/support/AccessibleNames.h"
-#include "tests/whole/KeyboardReach.h"
+#include "tests/support/Patience.h"
 #include "tests/support/TextRoom.h"
+#include "tests/whole/KeyboardReach.h"
 #include "tests/whole/WholeProgram.h"
 
 #include <QMenu>
@@ -20,7 +21,7 @@ void expectNone(const QString &name, const char *what, const QStringList &findin
 
 void WindowLook::at(QWidget *window, const QString &name)
 {
-    QVERIFY(QTest::qWaitForWindowExposed(window));
+    QVERIFY(QTest::qWaitForWindowExposed(window, patience));
     QTest::qWait(50);
     WholeProgram::takePicture(window, name);
     expectNone(name, "no room", TextRoom::clippedTexts(window));
@@ -36,7 +37,7 @@ void WindowLook::atDialog(QWidget *dialog, const QString &name)
 
 void WindowLook::atMenu(QMenu *menu, const QString &name)
 {
-    QVERIFY(QTest::qWaitForWindowExposed(menu));
+    QVERIFY(QTest::qWaitForWindowExposed(menu, patience));
     WholeProgram::takePicture(menu, name);
     QVERIFY2(menu->sizeHint().width() <= menu->width(), qPrintable(name));
     expectNone(name, "shared keys", KeyboardReach::sharedAccelerators(menu));

@@ -12,6 +12,7 @@
 #include "tests/curve/data/CurveSample.h"
 #include "tests/curve/ui/ReportNumbers.h"
 #include "tests/support/MenuWatcher.h"
+#include "tests/support/Patience.h"
 #include "tests/support/TestHome.h"
 #include "tests/whole/Hands.h"
 #include "tests/whole/WholeProgram.h"
@@ -28,7 +29,7 @@ QString outputOf(const QString &program, const QStringList &arguments)
 {
     QProcess process;
     process.start(program, arguments);
-    if (!process.waitForFinished() || process.exitCode() != 0)
+    if (!process.waitForFinished(patience) || process.exitCode() != 0)
         QTest::qFail(qPrintable(program + " failed"), __FILE__, __LINE__);
     return QString::fromUtf8(process.readAllStandardOutput());
 }
@@ -672,7 +673,7 @@ void TestCurveJob::downloadBringsTheCurvesOfTheDay()
         qputenv("KELMAR_STANDIN_FILE", fetched.toLocal8Bit());
         watcher.expect("Would you like to import the last file you just downloaded?", QMessageBox::Yes);
         Hands::clickToolButton(bench.document(), "actionDownload");
-        QTRY_VERIFY_WITH_TIMEOUT(bench.at({"fetched.csv"}).isValid(), 20000);
+        QTRY_VERIFY(bench.at({"fetched.csv"}).isValid());
         QTRY_VERIFY(!QApplication::activeModalWidget());
         QVERIFY(bench.model()->rowCount(bench.at({"fetched.csv"})) > 0);
         bench.click({"fetched.csv"});

@@ -5,6 +5,7 @@
 #include "diagram/DiagramItemType.h"
 #include "diagram/InstallationDiagramDocument.h"
 #include "tests/support/MenuWatcher.h"
+#include "tests/support/Patience.h"
 #include "tests/support/TestHome.h"
 #include "tests/whole/Hands.h"
 #include "tests/whole/WholeProgram.h"
@@ -421,19 +422,19 @@ void TestDiagramJob::theBatchProgramPrintsTheSameSheet()
     QProcess batch;
     batch.start(QStringLiteral(KELMAR_BATCH),
                 {QStringLiteral("pdf"), m_file, pdf, QStringLiteral("--language"), QStringLiteral("en")});
-    QVERIFY(batch.waitForFinished());
+    QVERIFY(batch.waitForFinished(patience));
     QVERIFY2(batch.exitCode() == 0, batch.readAllStandardError());
     QVERIFY(!sheet(pdf).isNull());
     QCOMPARE(sheet(pdf).size(), sheet(m_pdf).size());
     QProcess text;
     text.start(QStringLiteral("pdftotext"), {pdf, QStringLiteral("-")});
-    QVERIFY(text.waitForFinished());
+    QVERIFY(text.waitForFinished(patience));
     const QString words = QString::fromUtf8(text.readAllStandardOutput());
     for (const char *word : {"Created by Kelmar.", "South roof", "Inverter 6 kW", "DC switch", "Meter"})
         QVERIFY2(words.contains(QLatin1String(word)), word);
     QProcess refused;
     refused.start(QStringLiteral(KELMAR_BATCH), {QStringLiteral("pdf"), m_file, pdf});
-    QVERIFY(refused.waitForFinished());
+    QVERIFY(refused.waitForFinished(patience));
     QCOMPARE(refused.exitCode(), 1);
 }
 

@@ -8,10 +8,11 @@
 #include "report/items/ReportTable.h"
 #include "report/items/ReportTableCell.h"
 #include "tests/support/MenuWatcher.h"
+#include "tests/support/Patience.h"
 #include "tests/support/TestHome.h"
+#include "tests/support/TextRoom.h"
 #include "tests/whole/Hands.h"
 #include "tests/whole/KeyboardReach.h"
-#include "tests/support/TextRoom.h"
 #include "tests/whole/WholeProgram.h"
 #include "tests/whole/WindowLook.h"
 

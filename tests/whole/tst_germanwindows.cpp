@@ -3,6 +3,7 @@
 #include "app/document/AbstractDocument.h"
 #include "app/shell/MainWindow.h"
 #include "diagram/DialogComponentSettings.h"
+#include "tests/support/Patience.h"
 #include "tests/support/TestHome.h"
 #include "tests/whole/WholeProgram.h"
 

@@ -4,6 +4,7 @@
 #include "report/ReportScene.h"
 #include "report/items/ReportTable.h"
 #include "report/items/ReportTableCell.h"
+#include "tests/support/Patience.h"
 #include "tests/support/TestHome.h"
 #include "tests/whole/Hands.h"
 #include "tests/whole/IndependentReader.h"
@@ -70,7 +71,7 @@ QByteArray outputOf(const QString &program, const QStringList &arguments)
 {
     QProcess process;
     process.start(program, arguments);
-    if (!process.waitForFinished() || process.exitCode() != 0)
+    if (!process.waitForFinished(patience) || process.exitCode() != 0)
         QTest::qFail(qPrintable(program + QStringLiteral(" failed")), __FILE__, __LINE__);
     return process.readAllStandardOutput();
 }

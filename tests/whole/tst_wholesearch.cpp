@@ -4,6 +4,7 @@
 #include "browser/SearchResultsDocument.h"
 #include "report/file/ReportFile.h"
 #include "tests/support/HiddenFile.h"
+#include "tests/support/Patience.h"
 #include "tests/support/TestHome.h"
 #include "tests/whole/Hands.h"
 #include "tests/whole/IndependentSearch.h"
@@ -119,8 +120,7 @@ void TestWholeSearch::makeTree() const
     }
     // What must not be found, and must not lead anywhere.
     QVERIFY(QFile::link(m_root, m_root + QStringLiteral("/Area 1/Roof again.lnk")));
-    QVERIFY(
-        QFile::link(m_root + QStringLiteral("/nowhere"), m_root + QStringLiteral("/Roof dangling.lnk")));
+    QVERIFY(QFile::link(m_root + QStringLiteral("/nowhere"), m_root + QStringLiteral("/Roof dangling.lnk")));
     QVERIFY(QDir().mkpath(m_root + QStringLiteral("/.roof hidden/Roof")));
     hide(m_root + QStringLiteral("/.roof hidden"));
 }

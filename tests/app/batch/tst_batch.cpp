@@ -105,7 +105,7 @@ Outcome TestBatch::run(const QStringList &arguments, const QMap<QString, QString
     process.setWorkingDirectory(path(QString()));
     process.start(KELMAR_BATCH, arguments);
     Outcome outcome;
-    if (process.waitForFinished() && process.exitStatus() == QProcess::NormalExit)
+    if (process.waitForFinished(patience) && process.exitStatus() == QProcess::NormalExit)
         outcome.code = process.exitCode();
     if (allSettings() != settings)
         QTest::qFail("the program has written settings", __FILE__, __LINE__);

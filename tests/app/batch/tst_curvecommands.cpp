@@ -20,7 +20,7 @@ Outcome run(const QStringList &arguments)
 {
     QProcess process;
     process.start(KELMAR_BATCH, arguments);
-    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit)
+    if (!process.waitForFinished(patience) || process.exitStatus() != QProcess::NormalExit)
         return Outcome();
     return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()).remove('\r'),
             QString::fromUtf8(process.readAllStandardError()).remove('\r')};

@@ -21,7 +21,7 @@ Outcome run(const QStringList &arguments)
 {
     QProcess process;
     process.start(KELMAR_BATCH, arguments);
-    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit)
+    if (!process.waitForFinished(patience) || process.exitStatus() != QProcess::NormalExit)
         return Outcome();
     return {process.exitCode(), QString::fromUtf8(process.readAllStandardError())};
 }
@@ -35,7 +35,7 @@ QString output(const QString &program, const QStringList &arguments)
 {
     QProcess process;
     process.start(program, arguments);
-    return process.waitForFinished(30000) ? QString::fromUtf8(process.readAllStandardOutput()) : QString();
+    return process.waitForFinished(patience) ? QString::fromUtf8(process.readAllStandardOutput()) : QString();
 }
 
 QString textOf(const QString &pdf)

@@ -107,7 +107,7 @@ void TestDatalogger::programIsStartedWithoutArguments()
     QProcess process;
     BoxWatcher watcher;
     QVERIFY(Datalogger::start(&process, &m_parent));
-    QVERIFY(process.waitForFinished());
+    QVERIFY(process.waitForFinished(patience));
     QCOMPARE(process.exitStatus(), QProcess::NormalExit);
     QCOMPARE(readFile(record), QByteArray("0 arguments\n"));
 }

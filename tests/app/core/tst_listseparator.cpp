@@ -41,7 +41,7 @@ void TestListSeparator::separatorIsThatOfTheSystemsLocale()
     environment.insert("LC_ALL", locale);
     process.setProcessEnvironment(environment);
     process.start(QCoreApplication::applicationFilePath(), {"--separator"});
-    QVERIFY(process.waitForFinished(30000));
+    QVERIFY(process.waitForFinished(patience));
     QCOMPARE(process.exitCode(), 0);
     QCOMPARE(QString::fromUtf8(process.readAllStandardOutput()), '<' + separator + '>');
 }

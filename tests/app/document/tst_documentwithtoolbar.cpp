@@ -62,7 +62,7 @@ void TestDocumentWithToolbar::barAndAreaFillTheDocument()
     QVERIFY(document.scrollArea()->widgetResizable());
     document.resize(300, 200);
     document.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&document));
+    QVERIFY(QTest::qWaitForWindowExposed(&document, patience));
     QCOMPARE(document.toolBar()->geometry().topLeft(), QPoint());
     QCOMPARE(document.toolBar()->geometry().bottom() + 1, document.scrollArea()->geometry().top());
     QCOMPARE(document.scrollArea()->geometry().bottomRight(), QPoint(299, 199));
@@ -100,7 +100,7 @@ void TestDocumentWithToolbar::toolButtonsTakeTheKeyboardAndShowOneGround()
     document.wire->setEnabled(true);
     document.show();
     QApplication::setActiveWindow(&document);
-    QVERIFY(QTest::qWaitForWindowActive(&document));
+    QVERIFY(QTest::qWaitForWindowActive(&document, patience));
     QSignalSpy pressed(document.wire, &QAction::triggered);
     document.toolBar()->widgetForAction(document.copy)->setFocus();
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);

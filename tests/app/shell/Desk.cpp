@@ -5,6 +5,7 @@
 #include "app/document/AbstractDocument.h"
 #include "browser/ProjectTreeView.h"
 #include "res/Resources.h"
+#include "tests/support/Patience.h"
 #include "tests/support/TestHome.h"
 
 #include <QAction>
@@ -94,7 +95,7 @@ QPoint Desk::place(const QString &relative) const
     const QStringList parts = relative.split('/');
     for (int i = 1; i < parts.size(); ++i)
         tree->expand(model->index(path(parts.mid(0, i).join('/'))));
-    if (!QTest::qWaitFor([&] { return tree->visualRect(model->index(path(relative))).isValid(); }))
+    if (!QTest::qWaitFor([&] { return tree->visualRect(model->index(path(relative))).isValid(); }, patience))
         QTest::qFail(qPrintable("not in the tree: " + relative), __FILE__, __LINE__);
     tree->scrollTo(model->index(path(relative)));
     return tree->visualRect(model->index(path(relative))).center();

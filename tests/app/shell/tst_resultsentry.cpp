@@ -244,7 +244,7 @@ void TestResultsEntry::downloadOfACurveDocumentIsItsOwn()
     BoxWatcher watcher;
     watcher.expect(question, QMessageBox::Yes);
     curves->findChild<QAction *>("actionDownload")->trigger();
-    QTRY_VERIFY_WITH_TIMEOUT(curves->isModified(), 20000);
+    QTRY_VERIFY(curves->isModified());
     // Its rows have come into the tree; the dialog for rows of a report stays away.
     QVERIFY(!dialog()->isVisible());
     QCOMPARE(watcher.boxes().size(), 1);
@@ -329,8 +329,8 @@ void TestResultsEntry::rowThatIsNotThereIsAProgrammingError()
 void TestResultsEntry::missingDataloggerIsTold()
 {
     BoxWatcher watcher;
-    watcher.expect("Could not find:\n" + QCoreApplication::applicationDirPath() +
-                       '/' + DummyDatalogger::name() + ".\nPlease try re-installing Kelmar again",
+    watcher.expect("Could not find:\n" + QCoreApplication::applicationDirPath() + '/' +
+                       DummyDatalogger::name() + ".\nPlease try re-installing Kelmar again",
                    QMessageBox::Ok);
     download();
     QCOMPARE(watcher.boxes().size(), 1);
@@ -357,7 +357,7 @@ void TestResultsEntry::dataloggerThatBreaksDownIsTold()
     watcher.expect(DummyDatalogger::name() + " failed to start.", QMessageBox::Ok);
     download();
     auto *process = m_desk->window->findChild<QProcess *>();
-    QVERIFY(process->waitForStarted());
+    QVERIFY(process->waitForStarted(patience));
     process->kill();
     QTRY_COMPARE(watcher.boxes().size(), 1);
     QTRY_VERIFY(dataloggersEnded());
@@ -371,7 +371,7 @@ void TestResultsEntry::eachDownloadIsAProcessOfItsOwn()
     const QList<QProcess *> processes = m_desk->window->findChildren<QProcess *>();
     QCOMPARE(processes.size(), 2);
     for (QProcess *process : processes) {
-        QVERIFY(process->waitForStarted());
+        QVERIFY(process->waitForStarted(patience));
         QVERIFY(process->arguments().isEmpty());
         QCOMPARE(process->state(), QProcess::Running);
         QVERIFY(process->isReadable() && process->isWritable());
@@ -391,7 +391,7 @@ void TestResultsEntry::fileOfThisDownloadIsImportedAfterYes()
     BoxWatcher watcher;
     watcher.expect(question, QMessageBox::Yes);
     download();
-    QTRY_VERIFY_WITH_TIMEOUT(dialog()->isVisible(), 20000);
+    QTRY_VERIFY(dialog()->isVisible());
     QCOMPARE(watcher.boxes().size(), 1);
     const BoxWatcher::Box box = watcher.boxes().first();
     QCOMPARE(box.icon, QMessageBox::Question);
@@ -413,7 +413,7 @@ void TestResultsEntry::fileOfThisDownloadIsLeftAfterNo()
     BoxWatcher watcher;
     watcher.expect(question, QMessageBox::No);
     download();
-    QTRY_COMPARE_WITH_TIMEOUT(watcher.boxes().size(), 1, 20000);
+    QTRY_COMPARE(watcher.boxes().size(), 1);
     QTRY_VERIFY(!QApplication::activeModalWidget());
     QVERIFY(QFileInfo::exists(path));
     QVERIFY(!dialog()->isVisible());

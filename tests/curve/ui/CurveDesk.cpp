@@ -7,6 +7,7 @@
 #include "curve/ui/CurveGraph.h"
 #include "tests/curve/data/CurveSample.h"
 #include "tests/support/MenuWatcher.h"
+#include "tests/support/Patience.h"
 
 #include <QAction>
 #include <QtTest>
@@ -49,7 +50,7 @@ void CurveDesk::show()
     document.resize(900, 600);
     document.show();
     document.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&document));
+    QVERIFY(QTest::qWaitForWindowActive(&document, patience));
     tree->setFocus();
     QTRY_VERIFY(tree->hasFocus());
 }

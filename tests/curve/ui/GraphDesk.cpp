@@ -2,6 +2,7 @@
 
 #include "curve/data/CurveTreeModel.h"
 #include "tests/curve/data/CurveSample.h"
+#include "tests/support/Patience.h"
 
 #include <QtTest>
 #include <qwt_legend.h>
@@ -84,10 +85,10 @@ void GraphDesk::giveModule(quint32 id)
 void GraphDesk::show()
 {
     m_graph.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&m_graph));
+    QVERIFY(QTest::qWaitForWindowExposed(&m_graph, patience));
     m_graph.activateWindow();
     m_graph.canvas()->setFocus();
-    QTRY_VERIFY_WITH_TIMEOUT(m_graph.canvas()->hasFocus(), 30000);
+    QTRY_VERIFY(m_graph.canvas()->hasFocus());
     QCoreApplication::processEvents();
 }
 

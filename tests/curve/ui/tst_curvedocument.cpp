@@ -502,7 +502,7 @@ void TestCurveDocument::keysActOnlyWithTheFocusInsideTheDocument()
     window.resize(800, 500);
     window.show();
     window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(QTest::qWaitForWindowActive(&window, patience));
     desk.select({desk.string(1)});
     beside->setFocus();
     QTRY_VERIFY(beside->hasFocus());

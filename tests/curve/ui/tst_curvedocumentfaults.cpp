@@ -270,16 +270,16 @@ void TestCurveDocumentFaults::whatWasAcceptedAssignedAndImportedSurvivesAKill()
         environment.insert("QT_QPA_PLATFORM", "offscreen");
         editor.setProcessEnvironment(environment);
         editor.start(KELMAR_CURVE_EDITOR, {path, QString(KELMAR_SAMPLES) + "/Passing clouds.csv"});
-        QVERIFY(editor.waitForStarted());
+        QVERIFY(editor.waitForStarted(patience));
         QByteArray output;
         // Every other one has saved at least once, however slow the machine is; then at any moment.
         while (!output.contains(kills % 2 ? "save done" : "details begin")) {
-            QVERIFY(editor.waitForReadyRead(60000));
+            QVERIFY(editor.waitForReadyRead(patience));
             output += editor.readAllStandardOutput();
         }
         QTest::qSleep(int(random() % 150));
         editor.kill();
-        QVERIFY(editor.waitForFinished());
+        QVERIFY(editor.waitForFinished(patience));
         output += editor.readAllStandardOutput();
         const Told told(output);
 

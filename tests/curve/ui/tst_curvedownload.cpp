@@ -190,8 +190,8 @@ void TestCurveDownload::missingDataloggerIsTold()
 {
     CurveDesk desk(CurveDesk::makeFile(1));
     BoxWatcher watcher;
-    watcher.expect("Could not find:\n" + QCoreApplication::applicationDirPath() +
-                       '/' + DummyDatalogger::name() + ".\nPlease try re-installing Kelmar again",
+    watcher.expect("Could not find:\n" + QCoreApplication::applicationDirPath() + '/' +
+                       DummyDatalogger::name() + ".\nPlease try re-installing Kelmar again",
                    QMessageBox::Ok);
     desk.action("actionDownload")->trigger();
     QCOMPARE(watcher.boxes().size(), 1);
@@ -220,7 +220,7 @@ void TestCurveDownload::dataloggerThatBreaksDownIsTold()
     BoxWatcher watcher;
     watcher.expect(DummyDatalogger::name() + " failed to start.", QMessageBox::Ok);
     desk.action("actionDownload")->trigger();
-    QVERIFY(dataloggers(desk)[0]->waitForStarted());
+    QVERIFY(dataloggers(desk)[0]->waitForStarted(patience));
     dataloggers(desk)[0]->kill();
     QTRY_COMPARE(watcher.boxes().size(), 1);
     QTRY_VERIFY(dataloggers(desk).isEmpty());
@@ -273,7 +273,7 @@ void TestCurveDownload::downloadedFileIsImportedAfterYes()
         watcher.expect(question, QMessageBox::Yes);
     }
     desk.action("actionDownload")->trigger();
-    QTRY_VERIFY_WITH_TIMEOUT(desk.at({"fetched.csv"}).isValid(), 20000);
+    QTRY_VERIFY(desk.at({"fetched.csv"}).isValid());
     QTRY_VERIFY(dataloggers(desk).isEmpty());
     const BoxWatcher::Box box = watcher.boxes().first();
     QCOMPARE(box.icon, QMessageBox::Question);
@@ -298,7 +298,7 @@ void TestCurveDownload::downloadedFileIsLeftAfterNo()
     BoxWatcher watcher;
     watcher.expect(question, QMessageBox::No);
     desk.action("actionDownload")->trigger();
-    QTRY_COMPARE_WITH_TIMEOUT(watcher.boxes().size(), 1, 20000);
+    QTRY_COMPARE(watcher.boxes().size(), 1);
     QTRY_VERIFY(dataloggers(desk).isEmpty());
     QVERIFY(QFile::exists(file));
     QVERIFY(!desk.document.isModified());
@@ -335,11 +335,11 @@ void TestCurveDownload::secondDownloadTakesThePlaceOfTheFirst()
     const BoxWatcher watcher;
     desk.action("actionDownload")->trigger();
     QCOMPARE(dataloggers(desk).size(), 1);
-    QVERIFY(dataloggers(desk)[0]->waitForStarted());
+    QVERIFY(dataloggers(desk)[0]->waitForStarted(patience));
     const qint64 first = dataloggers(desk)[0]->processId();
     desk.action("actionDownload")->trigger();
     QCOMPARE(dataloggers(desk).size(), 1);
-    QVERIFY(dataloggers(desk)[0]->waitForStarted());
+    QVERIFY(dataloggers(desk)[0]->waitForStarted(patience));
     QVERIFY(dataloggers(desk)[0]->processId() != first);
     QVERIFY(!QFile::exists(QString("/proc/%1").arg(first)));
     dataloggers(desk)[0]->write("done\n");
@@ -353,7 +353,7 @@ void TestCurveDownload::documentIsNotBlockedWhileTheDataloggerRuns()
     DummyDatalogger::place("KELMAR_DUMMY_WAITS");
     const BoxWatcher watcher;
     desk.action("actionDownload")->trigger();
-    QVERIFY(dataloggers(desk)[0]->waitForStarted());
+    QVERIFY(dataloggers(desk)[0]->waitForStarted(patience));
     desk.selectStrings({1});
     QTest::keyClick(desk.tree, Qt::Key_Delete);
     QVERIFY(!desk.string(1).isValid());
@@ -375,7 +375,7 @@ void TestCurveDownload::closedDocumentEndsItsDatalogger()
         qputenv("KELMAR_DUMMY_MARK", mark.toLocal8Bit());
         DummyDatalogger::place("KELMAR_DUMMY_WAITS");
         desk.action("actionDownload")->trigger();
-        QVERIFY(dataloggers(desk)[0]->waitForReadyRead());
+        QVERIFY(dataloggers(desk)[0]->waitForReadyRead(patience));
     }
     QCOMPARE(readFile(mark), QByteArray("told\n"));
 }

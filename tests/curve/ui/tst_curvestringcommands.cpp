@@ -151,7 +151,7 @@ QString TestCurveStringCommands::textOf(const QString &pdf) const
 {
     QProcess process;
     process.start("pdftotext", {"-layout", pdf, "-"});
-    if (!process.waitForFinished() || process.exitCode() != 0)
+    if (!process.waitForFinished(patience) || process.exitCode() != 0)
         QTest::qFail("no PDF", __FILE__, __LINE__);
     return QString::fromUtf8(process.readAllStandardOutput());
 }

@@ -24,7 +24,7 @@ QString output(const QString &program, const QStringList &arguments)
 {
     QProcess process;
     process.start(program, arguments);
-    if (!process.waitForFinished(30000) || process.exitCode() != 0)
+    if (!process.waitForFinished(patience) || process.exitCode() != 0)
         return program + " failed";
     return QString::fromUtf8(process.readAllStandardOutput());
 }

@@ -44,7 +44,7 @@ QPalette darkPalette()
 void lookAt(QWidget *window, const QString &name)
 {
     window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(window));
+    QVERIFY(QTest::qWaitForWindowExposed(window, patience));
     const QString folder = qEnvironmentVariable("KELMAR_SCREENSHOTS");
     if (!folder.isEmpty()) {
         QVERIFY(QDir().mkpath(folder));

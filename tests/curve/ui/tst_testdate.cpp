@@ -27,7 +27,7 @@ QString TestTestDate::shown(const QString &text, const char *locale, const QStri
     QProcess process;
     process.setProcessEnvironment(environment);
     process.start(QCoreApplication::applicationFilePath(), QStringList{"--shown", text} + session);
-    if (!process.waitForFinished() || process.exitCode() != 0)
+    if (!process.waitForFinished(patience) || process.exitCode() != 0)
         QTest::qFail("the program for one date failed", __FILE__, __LINE__);
     return QString::fromUtf8(process.readAllStandardOutput());
 }

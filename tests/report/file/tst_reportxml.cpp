@@ -1,7 +1,6 @@
 #include "report/file/ReportXml.h"
 #include "tests/support/TestMain.h"
 
-#include <QElapsedTimer>
 #include <QTextCodec>
 #include <QtTest>
 
@@ -18,17 +17,13 @@ QByteArray inUtf16(const QByteArray &text)
     return QTextCodec::codecForName("UTF-16")->fromUnicode(QString::fromUtf8(text));
 }
 
-/// Parses, which must fail within the time that an ordinary report takes many times over.
+/// Parses, which must fail; what never ends is stopped by the time limit of the test program.
 ReportXml::Error refusalOf(const QByteArray &xml)
 {
-    QElapsedTimer timer;
-    timer.start();
     QDomDocument document;
     ReportXml::Error error;
     if (ReportXml::parse(xml, document, &error))
         QTest::qFail("parsed", __FILE__, __LINE__);
-    if (timer.elapsed() > 10000)
-        QTest::qFail("took too long", __FILE__, __LINE__);
     return error;
 }
 

@@ -3,7 +3,6 @@
 #include "tests/support/TestMain.h"
 
 #include <QBuffer>
-#include <QElapsedTimer>
 #include <QPainter>
 #include <QSvgRenderer>
 
@@ -147,10 +146,7 @@ void tst_SafeSvg::longEntitiesAreNotDrawn()
         const QByteArray previous = "&a" + QByteArray::number(i - 1) + ";";
         declarations += "<!ENTITY a" + QByteArray::number(i) + " \"" + previous.repeated(10) + "\">";
     }
-    QElapsedTimer timer;
-    timer.start();
     QVERIFY(safeSvg("<!DOCTYPE svg [" + declarations + "]>" + svg("<text>&a8;</text>")).isEmpty());
-    QVERIFY(timer.elapsed() < 2000);
 }
 
 void tst_SafeSvg::manyShortEntitiesAreNotDrawn()
