@@ -31,6 +31,16 @@ set(KELMAR_PRECOMPILED_HEADERS
     <QtCore> <QtGui>
     <memory> <optional> <vector>)
 
+# What is precompiled is compiled twice, with and without widgets, and shared by all libraries: it is some
+# two hundred megabytes each time, and the disk is slower than the compiler.
+file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/precompiled.cpp CONTENT "// Only the headers count.\n")
+add_library(kelmar_precompiled_gui OBJECT ${CMAKE_BINARY_DIR}/precompiled.cpp)
+target_link_libraries(kelmar_precompiled_gui PRIVATE Qt5::Gui kelmar_flags)
+target_precompile_headers(kelmar_precompiled_gui PRIVATE ${KELMAR_PRECOMPILED_HEADERS})
+add_library(kelmar_precompiled_widgets OBJECT ${CMAKE_BINARY_DIR}/precompiled.cpp)
+target_link_libraries(kelmar_precompiled_widgets PRIVATE Qt5::Widgets kelmar_flags)
+target_precompile_headers(kelmar_precompiled_widgets PRIVATE ${KELMAR_PRECOMPILED_HEADERS} <QtWidgets>)
+
 # kelmar_library(NAME LEVEL n SOURCES ... [DEPENDS library ...] [QT Qt5::Module ...])
 #
 # A static library kelmar_NAME. DEPENDS takes the short names of libraries of lower levels only:
@@ -49,9 +59,10 @@ function(kelmar_library NAME)
         target_link_libraries(${target} PUBLIC kelmar_${dependency})
     endforeach()
     target_link_libraries(${target} PUBLIC ${ARG_QT} PRIVATE kelmar_flags)
-    target_precompile_headers(${target} PRIVATE ${KELMAR_PRECOMPILED_HEADERS})
     if("Qt5::Widgets" IN_LIST ARG_QT)
-        target_precompile_headers(${target} PRIVATE <QtWidgets>)
+        target_precompile_headers(${target} REUSE_FROM kelmar_precompiled_widgets)
+    else()
+        target_precompile_headers(${target} REUSE_FROM kelmar_precompiled_gui)
     endif()
 endfunction()
 

@@ -3,6 +3,7 @@
 #include "app/core/Shell.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QScrollArea>
 #include <QToolBar>
 #include <QToolButton>

@@ -2,6 +2,8 @@
 
 #include "tools/manual/StyledText.h"
 
+#include <QImage>
+
 #include <memory>
 
 class QPainter;
