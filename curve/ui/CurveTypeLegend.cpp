@@ -66,8 +66,9 @@ void CurveTypeLegend::draw(QPainter *painter, const QwtScaleMap &, const QwtScal
         return;
     const QVector<Row> rows = rowsFor(*graph);
     const double boxHeight = rowPitch * rows.size() + margin;
-    const QRectF box((canvasRect.width() - boxWidth) / 2.0,
-                     canvasRect.height() - distanceFromBelow - boxHeight, boxWidth, boxHeight);
+    // On paper the canvas lies somewhere on the page.
+    const QRectF box(canvasRect.left() + (canvasRect.width() - boxWidth) / 2.0,
+                     canvasRect.bottom() - distanceFromBelow - boxHeight, boxWidth, boxHeight);
     painter->setPen(Qt::white);
     painter->setBrush(QBrush(Qt::gray, Qt::SolidPattern));
     painter->drawRoundedRect(box, cornerRadius, cornerRadius);

@@ -14,13 +14,13 @@ namespace {
 const QColor ground(Qt::cyan);
 const QSize canvasSize(301, 200);
 
-/// The key as it is drawn on a canvas of that size.
-QImage picture(const CurveTypeLegend &key)
+/// The key as it is drawn on a canvas of that size, which lies somewhere on a page.
+QImage picture(const CurveTypeLegend &key, const QPoint &place = QPoint())
 {
-    QImage image(canvasSize, QImage::Format_ARGB32);
+    QImage image(canvasSize + QSize(place.x(), place.y()), QImage::Format_ARGB32);
     image.fill(ground);
     QPainter painter(&image);
-    key.draw(&painter, QwtScaleMap(), QwtScaleMap(), QRectF(QPointF(), canvasSize));
+    key.draw(&painter, QwtScaleMap(), QwtScaleMap(), QRectF(place, canvasSize));
     return image;
 }
 
@@ -79,6 +79,7 @@ private slots:
 
     void boxGrowsWithTheSources_data();
     void boxGrowsWithTheSources();
+    void keyGoesWithItsCanvas();
     void withNeitherCurrentNorPowerTheKeyStillDraws_data();
     void withNeitherCurrentNorPowerTheKeyStillDraws();
     void rowsStandInTheirOrderWithTheirStyles();
@@ -125,6 +126,14 @@ void TestCurveTypeLegend::boxGrowsWithTheSources()
     QVERIFY(qAbs(box.bottom() - (200 - 10)) <= 1);
     if (height > 5)
         QCOMPARE(image.pixelColor(112, box.center().y()), QColor(Qt::gray));
+}
+
+void TestCurveTypeLegend::keyGoesWithItsCanvas()
+{
+    GraphDesk desk;
+    const QPoint place(70, 40);
+    const QImage onPage = picture(keyOf(desk.graph()), place);
+    QCOMPARE(onPage.copy(QRect(place, canvasSize)), picture(keyOf(desk.graph())));
 }
 
 void TestCurveTypeLegend::withNeitherCurrentNorPowerTheKeyStillDraws_data()
