@@ -125,6 +125,8 @@ void CurveDocument::connectViews()
             qOverload<QModelIndex>(&CurveDocument::slotViewDetails));
     connect(tree, &CurveTreeModel::modified, this, &CurveDocument::treeModified);
     m_graph->follow();
+    // Strings get a colour when they are first shown, also in rows below the one that was selected.
+    connect(strings, &CurveGraphModel::signalUpdateLegend, m_tree->viewport(), qOverload<>(&QWidget::update));
     connect(tree, &QAbstractItemModel::rowsAboutToBeRemoved, strings, &CurveGraphModel::slotRowRemoved);
 }
 

@@ -12,6 +12,7 @@
 #include <QAction>
 #include <QHeaderView>
 #include <QMenu>
+#include <QPaintEvent>
 #include <QScrollArea>
 #include <QSignalSpy>
 #include <QSplitter>
@@ -36,6 +37,20 @@ void inBothLanguages()
     QTest::newRow("German") << "de";
 }
 
+/// What of a widget has been painted since the watch began.
+class PaintWatch : public QObject
+{
+public:
+    explicit PaintWatch(QWidget *widget) { widget->installEventFilter(this); }
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            painted += static_cast<QPaintEvent *>(event)->region();
+        return false;
+    }
+    QRegion painted;
+};
+
 void useLanguageOfRow()
 {
     QFETCH(QString, language);
@@ -58,6 +73,7 @@ private slots:
     void checkActionsHaveTextsInsteadOfIcons();
     void splitterHoldsTreeAndGraphSideBySide();
     void probeTellsOfTheLinesOfTheGraph();
+    void coloursOfTheStringsOfAFolderAreSeenAtOnce();
     void fileThatCannotBeOpenedIsNotValid();
     void fileWhoseTreeCannotBeReadThrows();
 
@@ -320,6 +336,24 @@ void TestCurveDocument::probeTellsOfTheLinesOfTheGraph()
     QCOMPARE(desk.lines("VisibleLineCount"), 4);
     const QObject *probe = desk.graph->findChild<QObject *>("SquishGraphHelper");
     QCOMPARE(probe->parent(), static_cast<QObject *>(desk.graph));
+}
+
+void TestCurveDocument::coloursOfTheStringsOfAFolderAreSeenAtOnce()
+{
+    CurveDesk desk(CurveDesk::makeFile(3));
+    desk.show();
+    desk.tree->scrollTo(desk.string(3, CurveTreeModel::ColourColumn));
+    QCoreApplication::processEvents();
+    PaintWatch watch(desk.tree->viewport());
+    // The rows of the strings are not the ones that are selected.
+    desk.select({desk.at({"Roof"})});
+    for (const int number : {1, 2, 3}) {
+        const QModelIndex swatch = desk.string(number, CurveTreeModel::ColourColumn);
+        QVERIFY(swatch.data(Qt::BackgroundRole).isValid());
+        const QPoint place = desk.tree->visualRect(swatch).center();
+        QVERIFY(desk.tree->viewport()->rect().contains(place));
+        QTRY_VERIFY(watch.painted.contains(place));
+    }
 }
 
 void TestCurveDocument::fileThatCannotBeOpenedIsNotValid()
