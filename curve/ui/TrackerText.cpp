@@ -44,6 +44,9 @@ std::optional<QLineF> segmentAt(const QVector<QPointF> &points, const QRectF &bo
 
 QPointF pointAt(const QLineF &segment, double x)
 {
+    // A curve that is led on to the axis ends in a drop: there the last sample is told.
+    if (!(segment.dx() < 0.0 || segment.dx() > 0.0))
+        return segment.p2();
     return segment.pointAt((x - segment.x1()) / segment.dx());
 }
 

@@ -20,7 +20,7 @@ namespace TrackerText {
 /// than two of them or all of one width or height.
 std::optional<QLineF> segmentAt(const QVector<QPointF> &points, const QRectF &bounds, double x);
 
-/// The point of a segment at `x`.
+/// The point of a segment at `x`; of one that goes straight down the lower end.
 QPointF pointAt(const QLineF &segment, double x);
 
 /// The row for one line: volts, amperes and watts, or volts and watts of a power line. Empty if the line does

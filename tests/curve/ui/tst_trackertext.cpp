@@ -130,6 +130,8 @@ void TestTrackerText::pointLiesOnItsSegment()
     QCOMPARE(TrackerText::pointAt(line, 10), QPointF(10, 5));
     QCOMPARE(TrackerText::pointAt(line, 12.5), QPointF(12.5, 4.75));
     QCOMPARE(TrackerText::pointAt(line, 20), QPointF(20, 4));
+    // A drop lies over one voltage alone: told is where it ends.
+    QCOMPARE(TrackerText::pointAt(QLineF(10, 4, 10, 0), 10), QPointF(10, 0));
 }
 
 void TestTrackerText::rowTellsVoltsAmperesAndWatts_data()
@@ -227,16 +229,20 @@ void TestTrackerText::beyondTheLastSampleThereIsNoRowAndAtItThereIs_data()
 {
     QTest::addColumn<QString>("locale");
     QTest::addColumn<QString>("atTheEnd");
+    QTest::addColumn<QString>("onTheAxis");
     QTest::newRow("English") << "en"
-                             << "Long: 50.0V, 1.0A, 50.0W";
+                             << "Long: 50.0V, 1.0A, 50.0W"
+                             << "Long: 50.0VSTC, 0.0ASTC, 0.0WSTC";
     QTest::newRow("German") << "de"
-                            << "Long: 50,0V, 1,0A, 50,0W";
+                            << "Long: 50,0V, 1,0A, 50,0W"
+                            << "Long: 50,0VSTC, 0,0ASTC, 0,0WSTC";
 }
 
 void TestTrackerText::beyondTheLastSampleThereIsNoRowAndAtItThereIs()
 {
     QFETCH(QString, locale);
     QFETCH(QString, atTheEnd);
+    QFETCH(QString, onTheAxis);
     const LocaleSwitch language(locale);
     GraphDesk desk;
     const quint32 shorter = desk.add("Short", plainCurve());
@@ -250,6 +256,12 @@ void TestTrackerText::beyondTheLastSampleThereIsNoRowAndAtItThereIs()
     QCOMPARE(readable(rows(desk, 50).first()), atTheEnd);
     QVERIFY(rows(desk, 50.01).isEmpty());
     QVERIFY(rows(desk, 9.99).isEmpty());
+    // The corrected curve is led on to the axis, straight down at its end.
+    desk.graph().displayMEASToggled(false);
+    desk.graph().displaySTCToggled(true);
+    QCOMPARE(rows(desk, 50).size(), 1);
+    QCOMPARE(readable(rows(desk, 50).first()), onTheAxis);
+    QVERIFY(rows(desk, 50.01).isEmpty());
 }
 
 void TestTrackerText::sourcesAreToldInTheirOrderWithTheirSuffix()
