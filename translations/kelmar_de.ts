@@ -107,6 +107,7 @@ Bitte installieren Sie %2 erneut</translation>
     </message>
     <message>
         <source>File: %1 was saved %2.</source>
+        <comment>time since saved</comment>
         <translation>Datei: %1 wurde %2 gespeichert.</translation>
     </message>
     <message>

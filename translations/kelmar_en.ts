@@ -107,6 +107,7 @@ Please try re-installing %2 again</translation>
     </message>
     <message>
         <source>File: %1 was saved %2.</source>
+        <comment>time since saved</comment>
         <translation>File: %1 was saved %2.</translation>
     </message>
     <message>

@@ -79,7 +79,7 @@ bool askToImport(const QString &path, QWidget *parent)
     question.buttons = QMessageBox::Yes | QMessageBox::No;
     question.text = Text::tr("Would you like to import the last file you just downloaded?", "User prompt");
     question.informativeText =
-        Text::tr("File: %1 was saved %2.")
+        Text::tr("File: %1 was saved %2.", "time since saved")
             .arg(path, ageText(QFileInfo(path).lastModified(), QDateTime::currentDateTime()));
     return askYesNo(question);
 }
