@@ -395,7 +395,7 @@ void TestCurveDetailsDialog::enterOnOkAccepts()
 {
     QSettings().setValue("Curves/HideAutomaticSaveWarning", true);
     const Details details;
-    QVERIFY(QTest::qWaitForWindowActive(&const_cast<CurveDetailsDialog &>(details.dialog)));
+    QVERIFY(QTest::qWaitForWindowActive(&const_cast<CurveDetailsDialog &>(details.dialog), patience));
     details.type("G", "950");
     details.button(QDialogButtonBox::Ok)->setFocus();
     QTest::keyClick(details.button(QDialogButtonBox::Ok), Qt::Key_Return);

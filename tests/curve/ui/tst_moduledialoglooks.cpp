@@ -74,7 +74,7 @@ void lookAtBox(const QString &name, bool &seen)
 QStringList tabOrder(QWidget *window)
 {
     window->show();
-    if (!QTest::qWaitForWindowActive(window))
+    if (!QTest::qWaitForWindowActive(window, patience))
         return {"the window is not active"};
     QStringList names;
     const QWidget *first = nullptr;
