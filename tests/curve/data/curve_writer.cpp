@@ -45,8 +45,10 @@ void writeOn(CurveDatabase &database)
             say("inserted", id);
         }
         if (round % 3 == 2) {
+            const auto nodes = static_cast<unsigned>(tree->rowCount());
+            say("saving", nodes);
             tree->slotSave();
-            say("saved", round);
+            say("saved", nodes);
         }
     }
 }
