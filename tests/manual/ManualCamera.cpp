@@ -25,6 +25,18 @@ void takeScreen(const QRect &place, const QString &name)
     QVERIFY(picture.save(folder + QLatin1Char('/') + name + QStringLiteral(".png")));
 }
 
+/// Where a window with its frame is once it has come to rest: of a change of its size an X server may tell
+/// the older state after the newer one has been asked for.
+QRect restingFrame(const QWindow *window)
+{
+    QRect place = window->frameGeometry();
+    for (QRect before; before != place; place = window->frameGeometry()) {
+        before = place;
+        QTest::qWait(300);
+    }
+    return place;
+}
+
 QRect placeOf(const QWidget *widget)
 {
     return {widget->mapToGlobal(QPoint()), widget->size()};
@@ -39,7 +51,8 @@ void ManualCamera::takeFramed(QWidget *window, const QString &name)
     // once and keeps the answer.
     const QWindow *handle = window->windowHandle();
     QTRY_VERIFY(handle->frameGeometry().height() > handle->geometry().height());
-    takeScreen(handle->frameGeometry(), name);
+    QTRY_COMPARE(handle->size(), window->size());
+    takeScreen(restingFrame(handle), name);
 }
 
 void ManualCamera::take(QWidget *widget, const QString &name)

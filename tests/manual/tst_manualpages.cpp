@@ -89,12 +89,21 @@ private slots:
     void aWaitingPictureStaysInItsSection();
     void aBoxTallerThanAPageStandsAllTheSame();
     void theHeadOfATableIsRepeatedAtTheTopOfAPage();
+    void aChapterDoesNotEndInAFewLines();
+    void whatStaysTogetherIsTakenAlongTogether();
+    void aSectionIsTakenAlongWholeFromTheLowerHalf();
+    void aPageIsNotEmptiedForTheNextOne();
+    void aShortChapterMayBeShort();
 
     void referencesAndContentsTellTheRightPages();
     void nothingRunsOverAPage_data() { languages(); }
     void nothingRunsOverAPage();
+    void nothingRunsOverItsColumn_data() { languages(); }
+    void nothingRunsOverItsColumn();
     void noHeadingStandsLastOnItsPage_data() { languages(); }
     void noHeadingStandsLastOnItsPage();
+    void noPageIsNearlyEmpty_data() { languages(); }
+    void noPageIsNearlyEmpty();
 
 private:
     static void languages()
@@ -108,7 +117,7 @@ private:
 void TestManualPages::boxesFillThePagesInOrder()
 {
     QCOMPARE(flowed({}), QStringList());
-    QCOMPARE(flowed({box("a", 40), box("b", 60), box("c", 1)}), (QStringList{"a b", "c"}));
+    QCOMPARE(flowed({box("a", 40), box("b", 60), box("c", 30)}), (QStringList{"a b", "c"}));
 }
 
 void TestManualPages::roomAboveABoxGoesAtTheTopOfAPage()
@@ -180,6 +189,45 @@ void TestManualPages::theHeadOfATableIsRepeatedAtTheTopOfAPage()
     QCOMPARE(flowed(boxes), (QStringList{"a", "H 1 2 3 4", "H 5 6"}));
 }
 
+void TestManualPages::aChapterDoesNotEndInAFewLines()
+{
+    QCOMPARE(flowed({box("a", 40), box("b", 30), box("c", 30), box("d", 10)}), (QStringList{"a b", "c d"}));
+    QCOMPARE(flowed({box("a", 40), box("b", 30), box("c", 30), box("d", 25)}), (QStringList{"a b c", "d"}));
+    // Not only the last one.
+    const auto chapter = heading("h");
+    chapter->startsPage = true;
+    QCOMPARE(flowed({box("a", 50), box("b", 50), box("c", 5), chapter, box("d", 60), box("e", 40)}),
+             (QStringList{"a", "b c", "h d", "e"}));
+    // What stands in the place of a picture that waits.
+    QCOMPARE(flowed({box("a", 80), picture("p", 21), box("b", 10), box("c", 10)}),
+             (QStringList{"a b", "p c"}));
+}
+
+void TestManualPages::whatStaysTogetherIsTakenAlongTogether()
+{
+    QCOMPARE(flowed({box("a", 60), heading("h"), box("b", 30), box("c", 10)}), (QStringList{"a", "h b c"}));
+}
+
+void TestManualPages::aSectionIsTakenAlongWholeFromTheLowerHalf()
+{
+    QCOMPARE(flowed({box("a", 50), heading("h"), box("b", 20), box("c", 20), box("d", 10)}),
+             (QStringList{"a", "h b c d"}));
+    QCOMPARE(flowed({box("a", 49), heading("h"), box("b", 20), box("c", 20), box("d", 10)}),
+             (QStringList{"a h b", "c d"}));
+}
+
+void TestManualPages::aPageIsNotEmptiedForTheNextOne()
+{
+    QCOMPARE(flowed({box("a", 20), box("b", 80), box("c", 10)}), (QStringList{"a b", "c"}));
+}
+
+void TestManualPages::aShortChapterMayBeShort()
+{
+    const auto chapter = heading("h");
+    chapter->startsPage = true;
+    QCOMPARE(flowed({box("a", 50), box("b", 50), chapter, box("c", 5)}), (QStringList{"a b", "h c"}));
+}
+
 void TestManualPages::referencesAndContentsTellTheRightPages()
 {
     const LaidOut manual("en");
@@ -209,6 +257,20 @@ void TestManualPages::nothingRunsOverAPage()
     }
 }
 
+void TestManualPages::nothingRunsOverItsColumn()
+{
+    QFETCH(QString, language);
+    const LaidOut manual(language);
+    for (int i = 0; i < manual.layout.pages.size(); ++i) {
+        for (const PlacedBox &placed : manual.layout.pages.at(i).boxes)
+            QVERIFY2(placed.box->excess() <= 1,
+                     qPrintable(QStringLiteral("page %1, %2 mm down, by %3 mm")
+                                    .arg(manual.layout.firstPage + i)
+                                    .arg(placed.y / manual.style.mm(1))
+                                    .arg(placed.box->excess() / manual.style.mm(1))));
+    }
+}
+
 void TestManualPages::noHeadingStandsLastOnItsPage()
 {
     QFETCH(QString, language);
@@ -219,7 +281,20 @@ void TestManualPages::noHeadingStandsLastOnItsPage()
     }
 }
 
-/// A chapter should not end with a few lines on a page of their own.
+void TestManualPages::noPageIsNearlyEmpty()
+{
+    QFETCH(QString, language);
+    const LaidOut manual(language);
+    const qreal height = manual.style.textArea().height();
+    for (int i = 0; i < manual.layout.pages.size(); ++i) {
+        const ManualPage &page = manual.layout.pages.at(i);
+        QVERIFY2(page.filled() >= height / 5, qPrintable(QStringLiteral("%1, page %2, holds %3 %")
+                                                             .arg(page.chapter)
+                                                             .arg(manual.layout.firstPage + i)
+                                                             .arg(100 * page.filled() / height)));
+    }
+}
+
 int main(int argc, char **argv)
 {
     TestHome home;

@@ -103,6 +103,7 @@ private slots:
     void bothLanguagesHaveTheSameChaptersAndPictures();
     void everyPictureIsShownAndEveryOneShownIsThere();
     void picturesTellTheirSize();
+    void picturesAreAsHighInBothLanguages();
     void whatIsSetInBoldStandsOnTheScreen_data();
     void whatIsSetInBoldStandsOnTheScreen();
 
@@ -265,6 +266,17 @@ void TestManualSource::picturesTellTheirSize()
         QVERIFY2(!picture.isNull(), qPrintable(file));
         QVERIFY2(qAbs(picture.dotsPerMeterX() * 0.0254 - 192) < 1, qPrintable(file));
         QVERIFY2(QFileInfo(file).size() < 250 * 1024, qPrintable(file));
+    }
+}
+
+/// They show the same windows at the same sizes; where one is lower, a part of it was cut off.
+void TestManualSource::picturesAreAsHighInBothLanguages()
+{
+    QDirIterator files(manual + "/images/en", QDir::Files);
+    while (files.hasNext()) {
+        const QImage english(files.next());
+        const QImage german(manual + "/images/de/" + files.fileName());
+        QVERIFY2(english.height() == german.height(), qPrintable(files.fileName()));
     }
 }
 

@@ -5,7 +5,6 @@
 
 #include <QImage>
 
-#include <algorithm>
 #include <numeric>
 
 namespace {
@@ -51,14 +50,16 @@ QVector<qreal> distributed(const QVector<qreal> &natural, const QVector<qreal> &
         if (natural.at(i) > fairShare)
             widths[i] = left * natural.at(i) / wide;
     }
-    // What cannot be broken takes its room from the widest column.
+    // What cannot be broken takes its room from the columns that have some to spare.
+    qreal missing = 0;
+    qreal spare = 0;
     for (int i = 0; i < widths.size(); ++i) {
-        const qreal missing = minimal.at(i) - widths.at(i);
-        if (missing > 0) {
-            widths[i] += missing;
-            *std::max_element(widths.begin(), widths.end()) -= missing;
-        }
+        missing += qMax(0.0, minimal.at(i) - widths.at(i));
+        spare += qMax(0.0, widths.at(i) - minimal.at(i));
     }
+    const qreal given = spare > 0 ? qMin(1.0, missing / spare) : 0;
+    for (int i = 0; i < widths.size(); ++i)
+        widths[i] = qMax(minimal.at(i), widths.at(i) - given * (widths.at(i) - minimal.at(i)));
     return widths;
 }
 

@@ -69,6 +69,14 @@ RowBox::RowBox(const QVector<StyledText> &cells, const QVector<qreal> &lefts, bo
     height += 2 * m_padding;
 }
 
+qreal RowBox::excess() const
+{
+    qreal most = 0;
+    for (const StyledText &cell : m_cells)
+        most = qMax(most, cell.excess());
+    return most;
+}
+
 void RowBox::paint(QPainter &painter, const QPointF &topLeft) const
 {
     if (m_isHead)

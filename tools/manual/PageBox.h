@@ -15,6 +15,8 @@ public:
     virtual ~PageBox() = default;
 
     virtual void paint(QPainter &painter, const QPointF &topLeft) const = 0;
+    /// By how much something in it that cannot be broken runs over the room it has.
+    virtual qreal excess() const { return 0; }
 
     qreal height = 0;
     /// The room above it, unless it is the first of a page.
@@ -49,6 +51,7 @@ public:
     void setUnderline(const PageStyle &style);
 
     void paint(QPainter &painter, const QPointF &topLeft) const override;
+    qreal excess() const override { return m_text.excess(); }
 
 private:
     StyledText m_text;
@@ -88,6 +91,7 @@ public:
     /// The room between a line and the text.
     static qreal padding(const PageStyle &style) { return style.mm(1.4); }
     void paint(QPainter &painter, const QPointF &topLeft) const override;
+    qreal excess() const override;
 
 private:
     QVector<StyledText> m_cells;

@@ -1,18 +1,30 @@
 #include "tools/manual/PageFlow.h"
 
+#include <QSet>
+
 namespace {
+
+/// The share of a page that the end of a chapter takes up at least: less looks forgotten.
+constexpr qreal leastEnd = 0.25;
+
+using Breaks = QSet<const PageBox *>;
 
 class Flow
 {
 public:
-    Flow(const PageBoxes &boxes, qreal height) : m_boxes(boxes), m_height(height) {}
+    /// A page ends before each of the boxes in `breaks`, whatever room it has left.
+    Flow(const PageBoxes &boxes, qreal height, const Breaks &breaks)
+        : m_boxes(boxes), m_height(height), m_breaks(breaks)
+    {
+    }
 
     QVector<ManualPage> run()
     {
         size_t next = 0;
         while (next < m_boxes.size()) {
             const size_t end = groupEnd(next);
-            if (m_boxes[next]->startsPage || m_pages.isEmpty())
+            const bool endsHere = m_boxes[next]->startsPage || m_breaks.contains(m_boxes[next].get());
+            if (endsHere || m_pages.isEmpty())
                 breakPage();
             // Pictures keep their order: one that would fit waits behind one that does not.
             const bool mayWait = m_boxes[next]->mayFloat && end == next + 1 && !atTop();
@@ -96,15 +108,56 @@ private:
 
     const PageBoxes &m_boxes;
     qreal m_height;
+    Breaks m_breaks;
     QVector<ManualPage> m_pages;
     PageBoxes m_waiting;
     qreal m_y = 0;
     QString m_chapter;
 };
 
+/// True if page `number` is the last of a chapter that has begun on an earlier page.
+bool endsLongChapter(const QVector<ManualPage> &pages, int number)
+{
+    const bool isLast = number + 1 == pages.size() || pages.at(number + 1).boxes.first().box->startsPage;
+    return isLast && number > 0 && !pages.at(number).boxes.first().box->startsPage;
+}
+
+/// The box of `page` from which on everything is to go to the page behind it, so that this one comes to hold
+/// `missing` more and neither of the two too little. It is a heading where half of the page stays filled.
+/// Null if there is none.
+const PageBox *whereToEnd(const ManualPage &page, qreal missing, qreal least, qreal half)
+{
+    const PageBox *found = nullptr;
+    for (int i = page.boxes.size() - 1; i > 0; --i) {
+        const PageBox &box = *page.boxes.at(i).box;
+        const PlacedBox &above = page.boxes.at(i - 1);
+        const qreal stays = above.y + above.box->height;
+        // A picture may belong to a place further up, from where it has come to this page.
+        if (above.box->keepWithNext || box.mayFloat || page.filled() - page.boxes.at(i).y < missing)
+            continue;
+        if (box.isHeading && stays >= half)
+            return &box;
+        if (!found && stays >= least)
+            found = &box;
+    }
+    return found;
+}
+
 } // namespace
 
 QVector<ManualPage> flowIntoPages(const PageBoxes &boxes, qreal height)
 {
-    return Flow(boxes, height).run();
+    const qreal least = leastEnd * height;
+    Breaks breaks;
+    QVector<ManualPage> pages = Flow(boxes, height, breaks).run();
+    for (int number = 0; number < pages.size(); ++number) {
+        const qreal missing = least - pages.at(number).filled();
+        if (missing <= 0 || !endsLongChapter(pages, number))
+            continue;
+        if (const PageBox *first = whereToEnd(pages.at(number - 1), missing, least, height / 2)) {
+            breaks.insert(first);
+            pages = Flow(boxes, height, breaks).run();
+        }
+    }
+    return pages;
 }

@@ -121,6 +121,11 @@ qreal StyledText::minimalWidth() const
     return std::ceil(widest);
 }
 
+qreal StyledText::excess() const
+{
+    return qMax(0.0, minimalWidth() - m_document->textWidth());
+}
+
 void StyledText::paint(QPainter &painter, const QPointF &topLeft) const
 {
     painter.save();

@@ -44,6 +44,8 @@ public:
     qreal naturalWidth() const;
     /// The width of what cannot be broken.
     qreal minimalWidth() const;
+    /// By how much that is wider than the room for the text.
+    qreal excess() const;
     void paint(QPainter &painter, const QPointF &topLeft) const;
 
 private:
