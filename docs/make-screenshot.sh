@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Takes the pictures of windows in docs/images from the built program, which works on the sample jobs:
-# main-window.png, import.png, diagram.png and german.png.
+# main-window.png, import.png, diagram.png, curves.png and german.png.
 # Needs xvfb, openbox, xdotool and imagemagick, and a build of the preset "release" with kelmar-sample-documents.
-#   docs/make-screenshot.sh [PICTURE ...]      main-window, import, diagram, german; all without one
+#   docs/make-screenshot.sh [PICTURE ...]      main-window, import, diagram, curves, german; all without one
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -10,7 +10,7 @@ if [ "${1:-}" != on-the-screen ]; then
     exec tests/support/in-real-windows.sh "$0" on-the-screen "$@"
 fi
 shift
-[ $# -gt 0 ] || set -- main-window import diagram german
+[ $# -gt 0 ] || set -- main-window import diagram curves german
 . tests/support/from-outside.sh
 
 sources=$PWD
@@ -108,6 +108,22 @@ take_diagram() {
     xdotool click 7
     sleep 1
     take diagram -window "$window"
+    end
+}
+
+# All strings of the roof, measured and corrected, with what the tracker reads. The graph gets more room than the
+# tree.
+take_curves() {
+    make_jobs "Harbour Street 4" "Old Mill" "$english_job"
+    start en_GB "$english_job/Roof south.kelcrv"
+    click "$window" 300 124
+    click "$window" 360 124
+    click "$window" 360 75
+    xdotool mousemove --window "$window" 712 480 mousedown 1
+    xdotool mousemove --window "$window" 650 480 mousemove --window "$window" 522 480 mouseup 1
+    xdotool mousemove --window "$window" 640 640
+    sleep 1
+    take curves -window "$window"
     end
 }
 
