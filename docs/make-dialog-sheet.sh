@@ -27,8 +27,11 @@ for screen in "${screens[@]}"; do
     dark) export QT_SCALE_FACTOR=1 KELMAR_PALETTE=dark ;;
     *) export QT_SCALE_FACTOR=$screen KELMAR_PALETTE= ;;
     esac
-    KELMAR_SCREENSHOTS=$pictures "$support/in-real-windows.sh" ./tst_everywindow >"$pictures/log" 2>&1 ||
-        failed="$failed $screen"
+    : >"$pictures/log"
+    for windows in ./tst_everywindow ./tst_curvewindows; do
+        KELMAR_SCREENSHOTS=$pictures "$support/in-real-windows.sh" $windows >>"$pictures/log" 2>&1 ||
+            failed="$failed $screen"
+    done
     for language in en de; do
         for kind in 'main window' box menu; do
             montage "$pictures/$language $kind"* -tile 2x -geometry +8+8 -background '#888888' \

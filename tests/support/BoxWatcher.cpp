@@ -92,6 +92,7 @@ void BoxWatcher::look()
     QWidget *widget = QApplication::activeModalWidget();
     if (watchers.constLast() != this || !widget || !widget->isVisible() || widget == m_handled)
         return;
+    QWidget *const below = m_handled;
     m_handled = widget;
     // A timer does not go off again while it is being answered: with a new one a box that comes up over this
     // dialog is seen, too.
@@ -105,7 +106,8 @@ void BoxWatcher::look()
     } else {
         answerOther(widget);
     }
-    m_handled = nullptr;
+    // The dialog below is still being looked at when this one has gone.
+    m_handled = below;
 }
 
 void BoxWatcher::answer(QMessageBox *box)
