@@ -245,6 +245,7 @@ void TestCurveWindows::lookAtModules(QWidget *manager, BoxWatcher &watcher) cons
     edit("btnEdit", "module, preloaded");
     edit("btnAdd", "module, new");
     press(manager, "btnCopy");
+    table->setCurrentCell(2, 0);
     edit("btnEdit", "module, own");
     manager->resize(10, 10);
     WindowLook::at(manager, named("modules, small"));

@@ -50,16 +50,25 @@ QVector<qreal> distributed(const QVector<qreal> &natural, const QVector<qreal> &
         if (natural.at(i) > fairShare)
             widths[i] = left * natural.at(i) / wide;
     }
-    // What cannot be broken takes its room from the columns that have some to spare.
+    // What cannot be broken takes its room from the columns that have some to spare, the wide ones first.
     qreal missing = 0;
-    qreal spare = 0;
     for (int i = 0; i < widths.size(); ++i) {
         missing += qMax(0.0, minimal.at(i) - widths.at(i));
-        spare += qMax(0.0, widths.at(i) - minimal.at(i));
+        widths[i] = qMax(minimal.at(i), widths.at(i));
     }
-    const qreal given = spare > 0 ? qMin(1.0, missing / spare) : 0;
-    for (int i = 0; i < widths.size(); ++i)
-        widths[i] = qMax(minimal.at(i), widths.at(i) - given * (widths.at(i) - minimal.at(i)));
+    for (const bool fromWide : {true, false}) {
+        qreal spare = 0;
+        for (int i = 0; i < widths.size(); ++i) {
+            if ((natural.at(i) > fairShare) == fromWide)
+                spare += widths.at(i) - minimal.at(i);
+        }
+        const qreal part = spare > 0 ? qMin(1.0, missing / spare) : 0;
+        for (int i = 0; i < widths.size(); ++i) {
+            if ((natural.at(i) > fairShare) == fromWide)
+                widths[i] -= part * (widths.at(i) - minimal.at(i));
+        }
+        missing -= part * spare;
+    }
     return widths;
 }
 

@@ -6,6 +6,8 @@ namespace {
 
 /// The share of a page that the end of a chapter takes up at least: less looks forgotten.
 constexpr qreal leastEnd = 0.25;
+/// The share of the page before that may be left when a section moves as a whole.
+constexpr qreal enough = 0.4;
 
 using Breaks = QSet<const PageBox *>;
 
@@ -123,9 +125,9 @@ bool endsLongChapter(const QVector<ManualPage> &pages, int number)
 }
 
 /// The box of `page` from which on everything is to go to the page behind it, so that this one comes to hold
-/// `missing` more and neither of the two too little. It is a heading where half of the page stays filled.
-/// Null if there is none.
-const PageBox *whereToEnd(const ManualPage &page, qreal missing, qreal least, qreal half)
+/// `missing` more and neither of the two too little. It is a heading where a good part of the page stays
+/// filled. Null if there is none.
+const PageBox *whereToEnd(const ManualPage &page, qreal missing, qreal height)
 {
     const PageBox *found = nullptr;
     for (int i = page.boxes.size() - 1; i > 0; --i) {
@@ -135,9 +137,9 @@ const PageBox *whereToEnd(const ManualPage &page, qreal missing, qreal least, qr
         // A picture may belong to a place further up, from where it has come to this page.
         if (above.box->keepWithNext || box.mayFloat || page.filled() - page.boxes.at(i).y < missing)
             continue;
-        if (box.isHeading && stays >= half)
+        if (box.isHeading && stays >= enough * height)
             return &box;
-        if (!found && stays >= least)
+        if (!found && stays >= leastEnd * height)
             found = &box;
     }
     return found;
@@ -154,7 +156,7 @@ QVector<ManualPage> flowIntoPages(const PageBoxes &boxes, qreal height)
         const qreal missing = least - pages.at(number).filled();
         if (missing <= 0 || !endsLongChapter(pages, number))
             continue;
-        if (const PageBox *first = whereToEnd(pages.at(number - 1), missing, least, height / 2)) {
+        if (const PageBox *first = whereToEnd(pages.at(number - 1), missing, height)) {
             breaks.insert(first);
             pages = Flow(boxes, height, breaks).run();
         }
