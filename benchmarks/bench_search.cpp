@@ -231,6 +231,28 @@ void longestGap(benchmark::State &state, int files, const char *phrase)
     }
 }
 
+/// From the press on Stop in the middle of a walk to its end.
+void stopping(benchmark::State &state, int files, const char *phrase)
+{
+    constexpr int untilStop = 100;
+    for (auto _ : state) {
+        Search search(files);
+        if (*phrase)
+            search.type("phraseGroup", "phraseEdit", QLatin1String(phrase));
+        QElapsedTimer sinceStop;
+        QTimer::singleShot(untilStop, &search.panel, [&] {
+            sinceStop.start();
+            QMetaObject::invokeMethod(&search.panel, "stop");
+        });
+        search.run();
+        if (!sinceStop.isValid()) {
+            state.SkipWithError("the search was over before it could be stopped");
+            return;
+        }
+        state.SetIterationTime(double(sinceStop.nsecsElapsed()) * 1e-9);
+    }
+}
+
 void phraseSearch(benchmark::State &state, int files)
 {
     for (auto _ : state) {
@@ -299,6 +321,8 @@ BENCHMARK_CAPTURE(bareLoopWithoutView, 10000, 10000) MILLISECONDS->UseRealTime()
 BENCHMARK_CAPTURE(findProgram, 10000, 10000) MILLISECONDS->UseRealTime();
 BENCHMARK_CAPTURE(longestGap, name, 10000, "") MILLISECONDS->UseManualTime()->Iterations(1);
 BENCHMARK_CAPTURE(longestGap, phrase, 10000, absentPhrase) MILLISECONDS->UseManualTime()->Iterations(1);
+BENCHMARK_CAPTURE(stopping, name, 10000, "") MILLISECONDS->UseManualTime()->Iterations(1);
+BENCHMARK_CAPTURE(stopping, phrase, 10000, absentPhrase) MILLISECONDS->UseManualTime()->Iterations(1);
 BENCHMARK_CAPTURE(phraseSearch, 10000, 10000) MILLISECONDS->UseManualTime();
 BENCHMARK_CAPTURE(inflateAndRead, 10000, 10000) MILLISECONDS->UseRealTime();
 
@@ -326,6 +350,8 @@ int main(int argc, char **argv)
         .ratio("  / 2,500 files, where 4 is linear growth", "nameSearch/10000", "nameSearch/2500", 4.4)
         .limit("longest time without an event, 10,000 files by name", "longestGap/name", 50)
         .limit("longest time without an event, 1,000 reports by phrase", "longestGap/phrase", 50)
+        .limit("from the press on Stop to the end, by name", "stopping/name", 100)
+        .limit("from the press on Stop to the end, by phrase", "stopping/phrase", 100)
         .ratio("1,000 reports by phrase / inflating and parsing them", "phraseSearch/10000",
                "inflateAndRead/10000", 1.3)
         .run(argc, argv);
