@@ -35,9 +35,10 @@ void Anderson::readSettings()
 
     const bool moduleHasIsc = hasModule && m_module->isc > 0.0;
     m_alphaFollowsIrradiance = !moduleHasIsc && !isExactlyZero(m_isc);
-    m_scaledAlpha = alpha * m_module->parallel;
     if (moduleHasIsc)
         m_alphaR = alpha / m_module->isc;
+    else if (m_alphaFollowsIrradiance)
+        m_alphaRAtG0 = alpha * m_module->parallel / m_isc;
 
     // With a module the reference is the mean of the string's rated and measured voltage.
     if (hasModule && m_module->voc > 0.0)
@@ -49,12 +50,13 @@ void Anderson::readSettings()
 
 Anderson::Ratios Anderson::recomputed()
 {
-    const double G = m_irradiance;
+    const double irradianceShare = m_irradiance / G0;
+    // alpha / ((G0 / G) * Isc) with one division less: this is done at every point.
     if (m_alphaFollowsIrradiance)
-        m_alphaR = m_scaledAlpha / ((G0 / G) * m_isc);
+        m_alphaR = m_alphaRAtG0 * irradianceShare;
 
-    const double f = ((m_temperature - T0) * m_alphaR + 1) * (G / G0);
-    const double h = (m_delta.value() * std::log(G / G0) + 1) * m_betaFactor;
+    const double f = ((m_temperature - T0) * m_alphaR + 1) * irradianceShare;
+    const double h = (m_delta.value() * std::log(irradianceShare) + 1) * m_betaFactor;
     // IscSTC = Isc / f and VocSTC = Voc / h: as shares of Isc and Voc, which go out, 1 / f and 1 / h.
     return {isExactlyZero(f) ? m_ratios.current : 1 / f, isExactlyZero(h) ? m_ratios.voltage : 1 / h};
 }

@@ -52,7 +52,9 @@ private:
     double m_alphaR = 0.0;
     double m_betaR = 0.0;
     double m_betaFactor = 1.0;
-    double m_scaledAlpha = 0.0;
+    /// What m_alphaR would be at the reference irradiance; without a module's rating it follows the measured
+    /// current, and so the irradiance.
+    double m_alphaRAtG0 = 0.0;
     bool m_alphaFollowsIrradiance = false;
     Ratios m_ratios{0.0, 0.0};
 };

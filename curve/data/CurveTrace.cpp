@@ -1,8 +1,23 @@
 #include "curve/data/CurveTrace.h"
 
+#include <cmath>
+#include <limits>
 #include <utility>
 
 namespace IVCurve {
+
+namespace {
+
+/// Compares as false with every number.
+constexpr double notYet = std::numeric_limits<double>::quiet_NaN();
+
+/// 0 stands for none. qIsNull() would take the smallest numbers for 0 as well.
+bool isIrradiance(double value)
+{
+    return std::abs(value) > 0.0;
+}
+
+} // namespace
 
 CurveTrace::CurveTrace(const CurveTrace &other)
     : maxV(other.maxV)
@@ -70,42 +85,52 @@ void CurveTrace::adopt(const std::vector<TracePoint> &companions)
 
 void CurveTrace::takeInFrom(int first)
 {
+    if (first >= size())
+        return;
+    takeInIrradianceFrom(first);
     // In variables that no point's address can be that of, so that they stay in the processor.
     double highestV = maxV;
     double highestI = maxI;
-    double lowestG = minIrradiance;
-    double highestG = maxIrradiance;
-    double firstG = firstIrradiance;
     const QPointF *const all = points.constData();
-    int best = mppIndex;
-    double highestPower = best >= 0 && best < size() ? all[best].x() * all[best].y() : 0.0;
+    // An index that no point had until now is none: the first new point takes its place.
+    int best = mppIndex >= 0 && mppIndex < first ? mppIndex : first;
+    double highestPower = all[best].x() * all[best].y();
     for (int place = first; place < size(); ++place) {
         const double v = all[place].x();
         const double i = all[place].y();
-        const double g = refs[static_cast<size_t>(place)].irradiance;
-        highestG = g > highestG ? g : highestG;
-        // qIsNull() takes the smallest numbers for 0, which these comparisons must not.
-        if (g < 0.0 || g > 0.0) {
-            if (lowestG > g || !(lowestG < 0.0 || lowestG > 0.0))
-                lowestG = g;
-            // 1000 stands for "none yet" as well: the first irradiance that is another one ends the search.
-            if (firstG >= 1000.0 && firstG <= 1000.0)
-                firstG = g;
-        }
         highestV = v > highestV ? v : highestV;
         highestI = i > highestI ? i : highestI;
         const double power = v * i;
-        if (best < 0 || best > place || power > highestPower) {
+        if (power > highestPower) {
             best = place;
             highestPower = power;
         }
     }
     maxV = highestV;
     maxI = highestI;
-    minIrradiance = lowestG;
-    maxIrradiance = highestG;
-    firstIrradiance = firstG;
     mppIndex = best;
+}
+
+void CurveTrace::takeInIrradianceFrom(int first)
+{
+    const auto begin = refs.cbegin() + first;
+    // 1000 stands for "none yet" as well: the first irradiance that is another one ends the search.
+    for (auto point = begin; point != refs.cend() && firstIrradiance >= 1000.0 && firstIrradiance <= 1000.0;
+         ++point) {
+        if (isIrradiance(point->irradiance))
+            firstIrradiance = point->irradiance;
+    }
+    double highestG = maxIrradiance;
+    double lowestG = isIrradiance(minIrradiance) ? minIrradiance : notYet;
+    for (auto point = begin; point != refs.cend(); ++point) {
+        const double g = point->irradiance;
+        highestG = g > highestG ? g : highestG;
+        // True with nothing to compare with, too.
+        if (isIrradiance(g) && !(lowestG <= g))
+            lowestG = g;
+    }
+    maxIrradiance = highestG;
+    minIrradiance = std::isnan(lowestG) ? 0.0 : lowestG;
 }
 
 void CurveTrace::reserve(int count)
@@ -116,6 +141,8 @@ void CurveTrace::reserve(int count)
 
 void CurveTrace::reset()
 {
+    // First, as swap() would give each of them another owner on its way.
+    std::vector<TracePoint>().swap(refs);
     CurveTrace fresh(kind);
     swap(fresh);
 }

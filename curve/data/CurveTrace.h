@@ -65,6 +65,7 @@ private:
     void adopt(const std::vector<TracePoint> &companions);
     /// Takes the points from a place on into the maxima.
     void takeInFrom(int first);
+    void takeInIrradianceFrom(int first);
     void own();
 };
 
