@@ -126,6 +126,132 @@ QByteArray described(const RouteEnd &a, const RouteEnd &b)
     return text.toUtf8();
 }
 
+/// A row of the table of routes in plain numbers: relation of the ends, start, end, guide lines.
+struct NumberedRow
+{
+    int bit;
+    int start;
+    int end;
+    QVector<int> steps;
+};
+
+const QVector<NumberedRow> numberedRows{
+    {0, 1, 6, {1, 11, 6, 13}},
+    {0, 1, 7, {1, 11, 7, 13}},
+    {0, 1, 13, {1, 13}},
+    {0, 1, 14, {1, 14, 6}},
+    {0, 2, 6, {11, 6}},
+    {0, 2, 7, {11, 7, 13}},
+    {0, 2, 13, {13}},
+    {0, 2, 14, {14, 6}},
+    {0, 8, 6, {8, 6}},
+    {0, 8, 7, {8, 7, 13}},
+    {0, 8, 13, {8, 4, 13}},
+    {0, 8, 14, {8, 4, 14, 6}},
+    {0, 9, 6, {6}},
+    {0, 9, 7, {7, 13}},
+    {0, 9, 13, {4, 13}},
+    {0, 9, 14, {4, 14, 6}},
+    {1, 1, 6, {1, 8, 6, 13}},
+    {1, 1, 7, {1, 8, 7, 13}},
+    {1, 2, 6, {10, 4, 12, 6}},
+    {1, 2, 7, {14, 7, 13}},
+    {2, 8, 13, {8, 1, 13}},
+    {2, 8, 14, {8, 1, 14, 6}},
+    {2, 9, 13, {3, 11, 5, 13}},
+    {2, 9, 14, {7, 14, 6}},
+    {4, 9, 6, {4, 8, 6}},
+    {4, 9, 7, {4, 8, 7, 13}},
+    {4, 9, 14, {4, 14, 6}},
+    {8, 1, 13, {1, 14, 4, 13}},
+    {8, 2, 13, {10, 4, 13}},
+    {8, 8, 13, {8, 4, 13}},
+    {16, 2, 7, {11, 7, 13}},
+    {16, 2, 13, {11, 1, 13}},
+    {16, 2, 14, {10, 7, 14, 6}},
+    {32, 1, 6, {1, 11, 6}},
+    {32, 8, 6, {8, 1, 11, 6}},
+    {32, 9, 6, {3, 11, 6}},
+};
+
+bool isBetween(double value, double low, double high)
+{
+    return low <= value && value <= high;
+}
+
+/// Whether a relation holds, for an end A that lies at the top left.
+bool holds(int bit, const RouteEnd &a, const RouteEnd &b)
+{
+    const QRectF &r = a.rect;
+    const QRectF &s = b.rect;
+    switch (bit) {
+    case 0:
+        return true;
+    case 1:
+        return !(r.right() < s.left()) && !(s.right() < r.left());
+    case 2:
+        return !(r.bottom() < s.top()) && !(s.bottom() < r.top());
+    case 4:
+        return isBetween(a.point.x(), s.left(), s.right());
+    case 8:
+        return isBetween(b.point.x(), r.left(), r.right());
+    case 16:
+        return isBetween(a.point.y(), s.top(), s.bottom());
+    default:
+        return isBetween(b.point.y(), r.top(), r.bottom());
+    }
+}
+
+/// Lays a route by the numbered rows after turning A to the top left by mirrors, and turns it back: another
+/// way than that of the router, which turns its guide lines.
+Points routeByNumbers(RouteEnd a, RouteEnd b)
+{
+    const bool turnX = a.rect.left() > b.rect.left();
+    const bool turnY = a.rect.top() > b.rect.top();
+    for (const bool inX : {true, false}) {
+        if (!(inX ? turnX : turnY))
+            continue;
+        a = mirrored(a, inX);
+        b = mirrored(b, inX);
+    }
+    const QRectF &r = a.rect;
+    const QRectF &s = b.rect;
+    const QRectF all = r.united(s);
+    const QVector<double> guides{0,
+                                 all.top(),
+                                 a.point.y(),
+                                 r.bottom(),
+                                 (r.bottom() + s.top()) / 2,
+                                 s.top(),
+                                 b.point.y(),
+                                 all.bottom(),
+                                 all.left(),
+                                 a.point.x(),
+                                 r.right(),
+                                 (r.right() + s.left()) / 2,
+                                 s.left(),
+                                 b.point.x(),
+                                 all.right()};
+    const int start = QMap<int, int>{{1, 1}, {2, 9}, {4, 2}, {8, 8}}.value(a.side);
+    const int end = QMap<int, int>{{1, 13}, {2, 7}, {4, 14}, {8, 6}}.value(b.side);
+    for (const int bit : {32, 16, 8, 4, 2, 1, 0}) {
+        const auto row = std::find_if(numberedRows.begin(), numberedRows.end(), [&](const NumberedRow &one) {
+            return one.bit == bit && one.start == start && one.end == end;
+        });
+        if (row == numberedRows.end() || !holds(bit, a, b))
+            continue;
+        Points points{a.point};
+        for (const int step : row->steps)
+            points.append(step < 8 ? QPointF(points.last().x(), guides.at(step))
+                                   : QPointF(guides.at(step), points.last().y()));
+        points.append(b.point);
+        for (QPointF &point : points)
+            point = QPointF(turnX ? -point.x() : point.x(), turnY ? -point.y() : point.y());
+        return points;
+    }
+    return {};
+}
+
 /// Does a segment lead through the inside of a rectangle?
 bool crosses(const QPointF &from, const QPointF &to, const QRectF &rect)
 {
@@ -157,6 +283,7 @@ private slots:
     void everyRouteIsMirroredWithItsEnds_data();
     void everyRouteIsMirroredWithItsEnds();
     void wiresOutOfFacingSidesKeepOutOfBothRectangles();
+    void everyRouteIsThatOfTheNumberedRows();
     void everyRowIsReached();
 };
 
@@ -360,6 +487,18 @@ void TestConnectionRoute::wiresOutOfFacingSidesKeepOutOfBothRectangles()
                 QFAIL(described(a, b));
     }
     QVERIFY(compared > 1000);
+}
+
+void TestConnectionRoute::everyRouteIsThatOfTheNumberedRows()
+{
+    QCOMPARE(numberedRows.size(), ConnectionRoute::rowCount);
+    RandomEnds ends;
+    for (int i = 0; i < rounds; ++i) {
+        const RouteEnd a = ends.next();
+        const RouteEnd b = ends.next();
+        if (!(routeOf(a, b) == routeByNumbers(a, b)))
+            QFAIL(described(a, b));
+    }
 }
 
 void TestConnectionRoute::everyRowIsReached()
