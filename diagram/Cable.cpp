@@ -10,6 +10,9 @@ constexpr Cable cables[] = {
     {AcCable, "AC", AcConnectionType, 10.0, 10.0, true, true},
 };
 
+/// What a number that no kind has is drawn and stored as.
+constexpr Cable unknown{NoCable, "Single", ConnectionType, 0.0, 5.5, false, true};
+
 } // namespace
 
 const Cable &Cable::ofType(int cableType)
@@ -18,7 +21,7 @@ const Cable &Cable::ofType(int cableType)
         if (cable.cableType == cableType)
             return cable;
     }
-    return cables[0];
+    return unknown;
 }
 
 const Cable &Cable::ofName(const QString &name)

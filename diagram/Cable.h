@@ -5,6 +5,7 @@
 /// The kinds of wires and cables, as the tool bar numbers them.
 enum CableType
 {
+    NoCable = 0,
     SingleWire = 1,
     DcCable = 2,
     AcCable = 3
@@ -25,7 +26,7 @@ struct Cable
     bool hasOuterWires;
     bool hasMiddleWire;
 
-    /// The facts of a kind; those of a single wire for a number that is none.
+    /// The facts of a kind. A number that is none has those of a single wire and a type number of its own.
     static const Cable &ofType(int cableType);
     /// The kind with this name in a file; a single wire for a name that is none.
     static const Cable &ofName(const QString &name);

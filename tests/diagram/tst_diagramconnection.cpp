@@ -50,6 +50,7 @@ class TestDiagramConnection : public QObject
 private slots:
     void eachCableHasItsTypeNumberAndName_data();
     void eachCableHasItsTypeNumberAndName();
+    void aCableOfNoKindHasTheTypeNumberOfAllConnections();
     void aNewWireHasItsFirstEndInTheHand();
     void placingGoesFromTheFirstEndToTheSecond();
     void nothingIsDrawnBeforeTheFirstEndIsPlaced();
@@ -105,6 +106,17 @@ void TestDiagramConnection::eachCableHasItsTypeNumberAndName()
     QCOMPARE(desk.wire("id1")->elementName(), QString("connection"));
     QCOMPARE(desk.written("id1").attribute("type"), name);
     QCOMPARE(desk.wire("id1")->zValue(), -1.0);
+}
+
+void TestDiagramConnection::aCableOfNoKindHasTheTypeNumberOfAllConnections()
+{
+    for (const int cable : {0, 4, -1})
+        QCOMPARE(DiagramConnection(cable, "id1", QPointF()).type(), 0x40000);
+    // A name that is none means a single wire, which it is from then on.
+    DiagramDesk desk;
+    desk.read("<connection id='id1' type='Fibre'/>");
+    QCOMPARE(desk.wire("id1")->type(), 0x40001);
+    QCOMPARE(desk.written("id1").attribute("type"), QString("Single"));
 }
 
 void TestDiagramConnection::aNewWireHasItsFirstEndInTheHand()
