@@ -138,7 +138,10 @@ bool DiagramGraphicsScene::save(const QString &path)
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         return warn(tr("Error opening %1 for writing").arg(path),
                     tr("Is the file read-only or has it been deleted?"));
-    file.write(toXml());
+    const QByteArray xml = toXml();
+    // What was there before is gone: the user must know while the drawing is still open.
+    if (file.write(xml) != xml.size() || !file.flush())
+        return warn(tr("Error opening %1 for writing").arg(path), file.errorString());
     return true;
 }
 

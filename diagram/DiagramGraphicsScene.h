@@ -27,7 +27,8 @@ public:
 
     /// Builds the diagram of a file. Tells the user what is wrong and returns false when it cannot be read.
     bool load(const QString &path);
-    /// Writes the diagram to a file. Tells the user and returns false when it cannot be opened.
+    /// Writes the diagram to a file. Tells the user and returns false when it cannot be opened or the disk is
+    /// full.
     bool save(const QString &path);
     /// Prints to a PDF file, without a question. Tells the user and returns false when it cannot be written.
     bool writePdf(const QString &path);

@@ -88,6 +88,7 @@ private slots:
 
     void aFileThatCannotBeOpenedIsTold();
     void aFileThatCannotBeWrittenIsTold();
+    void aFullDiskIsTold();
     void aFileThatIsNoXmlIsToldWithItsPlace();
 
     void hostileXmlIsRefusedInWords_data();
@@ -225,6 +226,23 @@ void TestDiagramFile::aFileThatCannotBeWrittenIsTold()
     QCOMPARE(watcher.boxes().first().text, "Error opening " + path + " for writing");
     QCOMPARE(watcher.boxes().first().informativeText,
              QString("Is the file read-only or has it been deleted?"));
+}
+
+void TestDiagramFile::aFullDiskIsTold()
+{
+    const QString path = QStringLiteral("/dev/full");
+    if (!QFileInfo::exists(path))
+        QSKIP("no disk here is always full");
+    DiagramGraphicsScene scene;
+    // Less than what a file keeps back before it writes.
+    QVERIFY(scene.readXml(withRoot("<panel id='id1'/>")));
+    BoxWatcher watcher;
+    watcher.expect(QString(), QMessageBox::Ok);
+    QVERIFY(!scene.save(path));
+    QCOMPARE(watcher.boxes().size(), 1);
+    QCOMPARE(watcher.boxes().first().text, "Error opening " + path + " for writing");
+    QVERIFY(!watcher.boxes().first().informativeText.isEmpty());
+    QCOMPARE(watcher.boxes().first().icon, QMessageBox::Warning);
 }
 
 void TestDiagramFile::aFileThatIsNoXmlIsToldWithItsPlace()
