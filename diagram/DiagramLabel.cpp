@@ -19,6 +19,9 @@ constexpr double sizeOfText = -1;
 constexpr double storedWidth = 50;
 constexpr double storedHeight = 10;
 constexpr double halfPen = 0.5;
+/// In units of the drawing, as the components are: with a font in points a caption would be larger beside its
+/// component on a finer screen, and wires would miss the edge of a note.
+constexpr int letterHeight = 12;
 /// The time to lay out a long word grows with its square, and nobody reads on to here. The text itself stays
 /// whole.
 constexpr int lettersShown = 4000;
@@ -54,6 +57,9 @@ DiagramLabel::DiagramLabel(DiagramLabelOwner *owner) : m_owner(owner)
 {
     setFlags(ItemIsMovable | ItemSendsGeometryChanges);
     setZValue(CaptionStacking);
+    QFont letters = font();
+    letters.setPixelSize(letterHeight);
+    setFont(letters);
     // The ground is white whatever the desktop's colours are.
     setDefaultTextColor(Qt::black);
 }

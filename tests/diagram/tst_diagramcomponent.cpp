@@ -64,6 +64,7 @@ private slots:
     void aCaptionShowsItsTextAsItIsWritten();
     void whatAFileCannotHoldIsLeftOutOfACaption();
     void aCaptionIsAtLeastAsHighAsItsFileSays();
+    void aCaptionIsAsLargeOnEveryScreen();
     void everyChangeIsTold();
 
     void aNoteIsAsLargeAsItsCaptionAndWhereThatIs();
@@ -359,6 +360,20 @@ void TestDiagramComponent::aCaptionIsAtLeastAsHighAsItsFileSays()
     QVERIFY(desk.item("id1")->label()->shape().contains(QPointF(40, 85)));
     QVERIFY(desk.item("id1")->label()->contains(QPointF(40, 85)));
     QVERIFY(desk.item("id2")->label()->boundingRect().height() > 40);
+}
+
+void TestDiagramComponent::aCaptionIsAsLargeOnEveryScreen()
+{
+    const QFont before = QApplication::font();
+    QVector<QSizeF> sizes;
+    for (const int points : {9, 18}) {
+        QFont font = before;
+        font.setPointSize(points);
+        QApplication::setFont(font);
+        sizes.append(DiagramLabel(nullptr, "Inverter", QSizeF(-1, -1)).boundingRect().size());
+    }
+    QApplication::setFont(before);
+    QCOMPARE(sizes.first(), sizes.last());
 }
 
 void TestDiagramComponent::everyChangeIsTold()
