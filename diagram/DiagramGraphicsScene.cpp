@@ -35,6 +35,10 @@ constexpr int highestCountedId = 1000000000;
 /// ten thousand components.
 constexpr GatedXml::Limits limits{8 * 1024 * 1024, 1 << 17};
 
+/// Of the tree in which the scene finds its items. Wires stretch over so many leaves of the deep one that it
+/// would make by itself that half of each step of a drag went by with taking them out and putting them back.
+constexpr int indexDepth = 4;
+
 /// Always false, for the caller to return.
 bool warn(const QString &text, const QString &informativeText)
 {
@@ -59,6 +63,7 @@ bool warnWhileOpening(const QString &text, const QString &informativeText)
 
 DiagramGraphicsScene::DiagramGraphicsScene(QObject *parent) : QGraphicsScene(parent)
 {
+    setBspTreeDepth(indexDepth);
     buildActions();
 }
 
