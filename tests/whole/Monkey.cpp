@@ -71,24 +71,6 @@ bool wantsCare(const QWidget *window)
            qobject_cast<const DialogSettings *>(window);
 }
 
-/// Presses and releases a key in a window. The press may be the end of the window.
-void strike(const QPointer<QWindow> &window, Qt::Key key, Qt::KeyboardModifiers modifiers,
-            const QString &text)
-{
-    if (window)
-        QTest::sendKeyEvent(QTest::Press, window, key, text, modifiers);
-    if (window)
-        QTest::sendKeyEvent(QTest::Release, window, key, text, modifiers);
-}
-
-void strike(const QPointer<QWindow> &window, Qt::Key key, Qt::KeyboardModifiers modifiers)
-{
-    if (window)
-        QTest::keyPress(window, key, modifiers);
-    if (window)
-        QTest::keyRelease(window, key, modifiers);
-}
-
 } // namespace
 
 Monkey::Monkey(unsigned seed, const QString &home, const QString &log)
@@ -144,7 +126,7 @@ void Monkey::step()
     const Dice dice = draw();
     if (isTiredOf(window)) {
         note(QStringLiteral("tired of %1").arg(QLatin1String(window->metaObject()->className())));
-        strike(window->windowHandle(), Qt::Key_Escape, Qt::NoModifier);
+        RawInput::strike(window->windowHandle(), Qt::Key_Escape, Qt::NoModifier);
         // A panel that floats does not go away by itself.
         if (MainWindow *main = MainWindow::instance())
             QApplication::setActiveWindow(main);
@@ -262,19 +244,20 @@ void Monkey::click(QWidget *window, QPoint place, Qt::MouseButton button, bool t
              .arg(place.y())
              .arg(QLatin1String(window->metaObject()->className())));
     const QPointer<QWindow> handle(window->windowHandle());
-    const auto press = [=] {
-        if (handle)
-            QTest::mousePress(handle, button, Qt::NoModifier, place);
-    };
-    const auto release = [=] {
-        if (handle)
-            QTest::mouseRelease(handle, button, Qt::NoModifier, place);
-    };
-    const int times = twice ? 2 : 1;
-    for (int i = 0; i < times; ++i) {
-        later(press);
-        later(release);
+    for (const bool again : {false, true}) {
+        if (again && !twice)
+            break;
+        later([=] { m_input.press(handle, button, Qt::NoModifier, place, again); });
+        later([=] { letGo(handle, button, Qt::NoModifier, place); });
     }
+}
+
+/// A button that is down comes up again, whatever has become of the window.
+void Monkey::letGo(const QPointer<QWindow> &window, Qt::MouseButton button, Qt::KeyboardModifiers modifiers,
+                   QPoint place)
+{
+    const QWidget *front = windowInFront();
+    m_input.release(window || !front ? window.data() : front->windowHandle(), button, modifiers, place);
 }
 
 void Monkey::drag(QWidget *window, QPoint from, QPoint to, Qt::KeyboardModifiers modifiers)
@@ -286,22 +269,13 @@ void Monkey::drag(QWidget *window, QPoint from, QPoint to, Qt::KeyboardModifiers
              .arg(to.y())
              .arg(int(modifiers)));
     const QPointer<QWindow> handle(window->windowHandle());
-    later([=] {
-        if (handle)
-            QTest::mousePress(handle, Qt::LeftButton, modifiers, from);
-    });
+    later([=] { m_input.press(handle, Qt::LeftButton, modifiers, from); });
     const int moves = 6;
     for (int i = 1; i <= moves; ++i) {
         const QPoint place = from + (to - from) * i / moves;
-        later([=] {
-            if (handle)
-                QTest::mouseMove(handle, place);
-        });
+        later([=] { m_input.move(handle, modifiers, place); });
     }
-    later([=] {
-        if (handle)
-            QTest::mouseRelease(handle, Qt::LeftButton, modifiers, to);
-    });
+    later([=] { letGo(handle, Qt::LeftButton, modifiers, to); });
 }
 
 void Monkey::type(QWidget *window, const Dice &dice)
@@ -316,7 +290,7 @@ void Monkey::type(QWidget *window, const Dice &dice)
             // A dialog that wants care may have come up in between.
             QWidget *front = windowInFront();
             if (handle && front && front->windowHandle() && !wantsCare(front))
-                strike(front->windowHandle(), Qt::Key_unknown, Qt::NoModifier, QString(character));
+                RawInput::strike(front->windowHandle(), Qt::Key_unknown, Qt::NoModifier, QString(character));
         });
     }
 }
@@ -326,7 +300,7 @@ void Monkey::pressKey(QWidget *window, const Dice &dice)
     const Qt::Key key = keys[dice.key % (sizeof keys / sizeof *keys)];
     const Qt::KeyboardModifiers modifiers = modifiersOf(dice.modifiers);
     note(QStringLiteral("key %1").arg(QKeySequence(int(key) | int(modifiers)).toString()));
-    strike(window->windowHandle(), key, modifiers);
+    RawInput::strike(window->windowHandle(), key, modifiers);
 }
 
 void Monkey::pressShortcut(QWidget *window, const Dice &dice)
@@ -342,8 +316,8 @@ void Monkey::pressShortcut(QWidget *window, const Dice &dice)
     const QKeySequence shortcut = shortcuts.at(int(dice.target % unsigned(shortcuts.size())));
     note(QStringLiteral("shortcut %1").arg(shortcut.toString()));
     const int combination = shortcut[0];
-    strike(window->windowHandle(), Qt::Key(combination & ~int(Qt::KeyboardModifierMask)),
-           Qt::KeyboardModifiers(combination & int(Qt::KeyboardModifierMask)));
+    RawInput::strike(window->windowHandle(), Qt::Key(combination & ~int(Qt::KeyboardModifierMask)),
+                     Qt::KeyboardModifiers(combination & int(Qt::KeyboardModifierMask)));
 }
 
 void Monkey::turnWheel(QWidget *window, QPoint place, const Dice &dice)
@@ -372,6 +346,9 @@ void Monkey::closeOneWindow()
         else
             dialog->reject();
     } else if (MainWindow *window = MainWindow::instance()) {
+        // One that was closed before the program came into its event loop could not end that loop.
+        if (!window->isVisible())
+            QCoreApplication::quit();
         window->close();
     }
 }

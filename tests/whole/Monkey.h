@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/whole/RawInput.h"
+
 #include <QFile>
 #include <QObject>
 #include <QPoint>
@@ -10,7 +12,6 @@
 
 class QFileDialog;
 class QWidget;
-class QWindow;
 
 /// A user who knows nothing: clicks, drags, types and presses keys at random in whatever window has the
 /// user's attention, nested dialogs, menus and drags included. The same seed draws the same gestures; what
@@ -54,6 +55,8 @@ private:
 
     void click(QWidget *window, QPoint place, Qt::MouseButton button, bool twice);
     void drag(QWidget *window, QPoint from, QPoint to, Qt::KeyboardModifiers modifiers);
+    void letGo(const QPointer<QWindow> &window, Qt::MouseButton button, Qt::KeyboardModifiers modifiers,
+               QPoint place);
     void type(QWidget *window, const Dice &dice);
     void pressKey(QWidget *window, const Dice &dice);
     void pressShortcut(QWidget *window, const Dice &dice);
@@ -65,6 +68,7 @@ private:
     std::mt19937 m_random;
     QString m_home;
     QFile m_log;
+    RawInput m_input;
     QVector<std::function<void()>> m_hand;
     const QMetaObject *m_lastKind = nullptr;
     int m_stay = 0;
