@@ -147,9 +147,14 @@ void CurveGraphModel::slotTreeSelectionChanged(QItemSelection selected, QItemSel
             unload(index);
     }
     m_selection.merge(selected, QItemSelectionModel::Select);
-    const QModelIndexList added = selected.indexes();
+    // What cannot be read is told in boxes, and rows may go while one is open.
+    QVector<QPersistentModelIndex> added;
+    for (const QModelIndex &index : selected.indexes()) {
+        if (index.column() == 0)
+            added.append(index);
+    }
     CurveTable::Reader reader(m_database);
-    for (const QModelIndex &index : added)
+    for (const QPersistentModelIndex &index : qAsConst(added))
         load(index, reader);
     emit signalUpdateLegend(selectedNames());
 }
@@ -160,34 +165,38 @@ void CurveGraphModel::slotRowRemoved(QModelIndex parent, int first, int last)
         unload(m_tree->index(row, 0, parent));
 }
 
-void CurveGraphModel::load(const QModelIndex &index, CurveTable::Reader &reader)
+void CurveGraphModel::load(const QPersistentModelIndex &index, CurveTable::Reader &reader)
 {
-    if (!index.isValid() || index.column() != 0)
-        return;
     // A node with all below it, from the top to the bottom; the depth of a file's tree has no limit.
-    QModelIndexList waiting{index};
+    QVector<QPersistentModelIndex> waiting{index};
     while (!waiting.isEmpty()) {
-        const QModelIndex next = waiting.takeLast();
-        loadNode(next, reader);
+        const QPersistentModelIndex next = waiting.takeLast();
+        if (next.isValid())
+            loadNode(next, reader);
+        if (!next.isValid())
+            continue;
         for (int row = m_tree->rowCount(next) - 1; row >= 0; --row)
             waiting.append(m_tree->index(row, 0, next));
     }
 }
 
-void CurveGraphModel::loadNode(const QModelIndex &index, CurveTable::Reader &reader)
+void CurveGraphModel::loadNode(const QPersistentModelIndex &index, CurveTable::Reader &reader)
 {
     TreeItem *node = nodeOf(index);
     if (!hasCurve(node) || isLoaded(curveOf(node)))
         return;
     const quint32 id = curveOf(node);
-    std::unique_ptr<StringRecord> &entry = m_records[id];
-    entry = reader.load(id);
-    if (!entry)
+    m_records[id] = nullptr;
+    std::unique_ptr<StringRecord> loaded = reader.load(id);
+    // While the load told of a failure the string may have been deselected, or selected anew.
+    const auto entry = m_records.find(id);
+    if (!loaded || !index.isValid() || entry == m_records.end() || entry->second)
         return;
     if (!node->colour.isValid())
         node->colour = CurvePalette::instance().nextColour();
-    entry->setColour(node->colour);
-    entry->header().name = node->data.at(TreeItem::NodeDesc).toString();
+    loaded->setColour(node->colour);
+    loaded->header().name = node->data.at(TreeItem::NodeDesc).toString();
+    entry->second = std::move(loaded);
     emit signalStringSelected(id);
 }
 

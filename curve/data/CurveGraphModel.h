@@ -62,8 +62,8 @@ public slots:
     void slotRowRemoved(QModelIndex parent, int first, int last);
 
 private:
-    void load(const QModelIndex &index, CurveTable::Reader &reader);
-    void loadNode(const QModelIndex &index, CurveTable::Reader &reader);
+    void load(const QPersistentModelIndex &index, CurveTable::Reader &reader);
+    void loadNode(const QPersistentModelIndex &index, CurveTable::Reader &reader);
     void unload(const QModelIndex &index);
     void unloadNode(const QModelIndex &index);
     void redraw(quint32 id);

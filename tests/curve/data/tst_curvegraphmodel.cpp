@@ -32,6 +32,8 @@ private slots:
     void aDroppedStringIsDeselected();
     void lookUpsThatFailThrow();
     void aStringThatCannotBeLoadedIsInternalError();
+    void aStringDeselectedWhileItsLoadTellsOfAFailureStaysUnloaded();
+    void rowsThatGoWhileALoadTellsOfAFailureAreLeftAlone();
     void settingsOfAnUnloadedStringAreTold();
 
     void editedDetailsReplaceTheRecordAndReachTheTree();
@@ -236,6 +238,44 @@ void TestCurveGraphModel::aStringThatCannotBeLoadedIsInternalError()
         QCOMPARE(error.what(), "Internal error: no data associated with string");
     }
     QVERIFY(!m_tree->item(string)->colour.isValid());
+}
+
+void TestCurveGraphModel::aStringDeselectedWhileItsLoadTellsOfAFailureStaysUnloaded()
+{
+    const QModelIndex string = addString("a");
+    QVERIFY(QSqlQuery(m_database->database()).exec("UPDATE Curves SET ModuleID = 7"));
+    CurveSample::forgetCatalogue();
+    BoxWatcher watcher;
+    watcher.expectAndLook("File is missing", QMessageBox::Ok, [this, &string](QWidget *) {
+        QVERIFY(m_graph->isLoaded(idOf(string)));
+        deselect(string);
+    });
+    QSignalSpy selected(m_graph, &CurveGraphModel::signalStringSelected);
+    select(string);
+    QVERIFY(selected.isEmpty());
+    QVERIFY(!m_graph->isLoaded(idOf(string)));
+    QVERIFY(!m_tree->item(string)->colour.isValid());
+}
+
+void TestCurveGraphModel::rowsThatGoWhileALoadTellsOfAFailureAreLeftAlone()
+{
+    m_tree->insertNewRow(QModelIndex());
+    const QPersistentModelIndex folder = m_tree->index(0, 0);
+    const QPersistentModelIndex last = addString("last", folder);
+    const QPersistentModelIndex first = addString("first", folder);
+    const quint32 lastId = idOf(last);
+    const quint32 firstId = idOf(first);
+    QVERIFY(QSqlQuery(m_database->database()).exec("UPDATE Curves SET ModuleID = 7"));
+    CurveSample::forgetCatalogue();
+    BoxWatcher watcher;
+    watcher.expectAndLook("File is missing", QMessageBox::Ok,
+                          [this, &folder](QWidget *) { m_tree->removeNode(folder); });
+    QSignalSpy selected(m_graph, &CurveGraphModel::signalStringSelected);
+    select(folder);
+    QCOMPARE(watcher.boxes().size(), 1);
+    QVERIFY(selected.isEmpty());
+    QCOMPARE(m_tree->rowCount(), 0);
+    QVERIFY(!m_graph->isLoaded(firstId) && !m_graph->isLoaded(lastId));
 }
 
 void TestCurveGraphModel::settingsOfAnUnloadedStringAreTold()
