@@ -10,6 +10,7 @@
 #include "app/dialogs/DialogWelcome.h"
 #include "app/document/AbstractDocument.h"
 #include "app/shell/DocumentFactory.h"
+#include "app/shell/GoneFiles.h"
 #include "app/shell/LanguageMenu.h"
 #include "app/shell/PaneKeys.h"
 #include "app/shell/ProjectCommands.h"
@@ -30,7 +31,6 @@
 #include <QFileDialog>
 #include <QFileSystemWatcher>
 #include <QMenu>
-#include <QPointer>
 #include <QSettings>
 #include <QUrl>
 
@@ -41,7 +41,7 @@ const auto welcomeEvent = QEvent::Type(1001);
 
 } // namespace
 
-MainWindow::MainWindow() : m_ui(new Ui::MainWindow)
+MainWindow::MainWindow() : m_ui(new Ui::MainWindow), m_goneFiles(new GoneFiles(this))
 {
     if (restartRequested())
         Folders::instance(true);
@@ -314,15 +314,12 @@ void MainWindow::watchFoldersUnder(const QString &root)
 
 void MainWindow::directoryChanged(const QString &)
 {
-    // While one document asks whether to save, more may go.
-    QVector<QPointer<AbstractDocument>> open;
-    for (AbstractDocument *document : documents())
-        open.append(document);
-    for (const QPointer<AbstractDocument> &document : qAsConst(open)) {
+    for (AbstractDocument *document : documents()) {
         const bool hasFile = !qobject_cast<SearchResultsDocument *>(document);
-        if (document && hasFile && !QFileInfo::exists(document->filePath()))
-            closeDocument(document);
+        if (hasFile && !QFileInfo::exists(document->filePath()))
+            m_goneFiles->add(document);
     }
+    m_goneFiles->close();
 }
 
 void MainWindow::showResultsDocument()

@@ -13,6 +13,7 @@ namespace Ui {
 class MainWindow;
 }
 class DialogImportResults;
+class GoneFiles;
 class ProjectCommands;
 class ProjectModel;
 class QActionGroup;
@@ -93,6 +94,7 @@ private:
     std::unique_ptr<Ui::MainWindow> m_ui;
     QItemSelectionModel *m_selectionModel = nullptr;
     QFileSystemWatcher *m_watcher = nullptr;
+    GoneFiles *m_goneFiles = nullptr;
     DialogImportResults *m_importDialog = nullptr;
     QDateTime m_downloadStarted;
     QActionGroup *m_languageGroup = nullptr;

@@ -5,15 +5,18 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMdiArea>
+#include <QThread>
 
 #include <algorithm>
 
 namespace {
 
-/// Is a dialog of the document at work? It would go with the document while its answer is waited for. The
-/// user cannot come here then, but the watch over files that have gone can.
-bool hasDialogOf(const QWidget *document)
+/// Does anything wait for an answer that may be the document's: a dialog, a menu, a drag? It would go with
+/// the document. A click cannot come here then, but the window manager can.
+bool isAwaited(const QWidget *document)
 {
+    if (QApplication::activePopupWidget() || QThread::currentThread()->loopLevel() > 1)
+        return true;
     const QWidgetList windows = QApplication::topLevelWidgets();
     return std::any_of(windows.begin(), windows.end(), [document](const QWidget *window) {
         const QWidget *ancestor = window->isModal() && window->isVisible() ? window : nullptr;
@@ -42,6 +45,6 @@ MdiSubWindow::~MdiSubWindow()
 void MdiSubWindow::closeEvent(QCloseEvent *event)
 {
     auto *document = qobject_cast<AbstractDocument *>(widget());
-    if (document && (hasDialogOf(document) || !document->queryClose()))
+    if (document && (isAwaited(document) || !document->queryClose()))
         event->ignore();
 }

@@ -10,10 +10,12 @@
 
 #include <QAction>
 #include <QDialog>
+#include <QFileSystemWatcher>
 #include <QGraphicsView>
 #include <QMdiArea>
 #include <QMenu>
 #include <QPointer>
+#include <QSignalSpy>
 #include <QTabBar>
 #include <QToolBar>
 
@@ -39,7 +41,9 @@ private slots:
     void fileRemovedFromASubfolderClosesItsTab();
     void changedDocumentAsksWhenItsFileIsRemoved();
     void cancelledQuestionKeepsTheDocumentWithoutItsFile();
-    void fileRemovedUnderADialogOfItsDocumentKeepsItsTab();
+    void fileRemovedUnderADialogOrMenuClosesItsTabAfterwards_data();
+    void fileRemovedUnderADialogOrMenuClosesItsTabAfterwards();
+    void fileThatComesBackUnderADialogKeepsItsTab();
     void fileRemovedFromTheRootKeepsItsTab();
     void folderMadeLaterIsWatchedAfterTheNextSettingOfTheRoot();
     void hiddenFolderIsNotWatched();
@@ -47,6 +51,7 @@ private slots:
 
     void windowWithChangedDocumentsAsksBeforeItCloses();
     void windowCanGoWithDocumentsStillOpen();
+    void windowStaysWhileAMenuIsOpen();
 
 private:
     AbstractDocument *open(const QString &relative) const
@@ -181,20 +186,79 @@ void TestOpenDocuments::keyOfSaveSavesWithTheFocusInATreeOfCurves()
     QVERIFY(!document->isModified());
 }
 
-void TestOpenDocuments::fileRemovedUnderADialogOfItsDocumentKeepsItsTab()
+void TestOpenDocuments::fileRemovedUnderADialogOrMenuClosesItsTabAfterwards_data()
 {
+    QTest::addColumn<QString>("kind");
+    for (const char *kind : {"dialog of the document", "dialog of the window", "menu"})
+        QTest::newRow(kind) << QString(kind);
+}
+
+void TestOpenDocuments::fileRemovedUnderADialogOrMenuClosesItsTabAfterwards()
+{
+    QFETCH(QString, kind);
     writeFile(Desk::path("Job 1/curves.kelcrv"), readFile(":/res/reports_en/default.kelcrv"));
     const QPointer<AbstractDocument> document = open("Job 1/curves.kelcrv");
-    // A dialog that is the document's would go with it while its answer is still waited for.
-    {
-        QDialog dialog(document);
-        QTimer::singleShot(0, &dialog, [] { QFile::remove(Desk::path("Job 1/curves.kelcrv")); });
-        QTimer::singleShot(1000, &dialog, &QDialog::accept);
-        QCOMPARE(dialog.exec(), int(QDialog::Accepted));
+    QSignalSpy told(m_desk->window->findChild<QFileSystemWatcher *>(), &QFileSystemWatcher::directoryChanged);
+    bool stayed = false;
+    // What is waited for would be the document's, or come back to it.
+    const auto removeAndWait = [&](QWidget *awaited) {
+        QVERIFY(QFile::remove(Desk::path("Job 1/curves.kelcrv")));
+        QTRY_VERIFY(!told.isEmpty());
+        QTest::qWait(300);
+        stayed = document && m_desk->openNames() == QStringList{"curves.kelcrv"};
+        awaited->close();
+    };
+    if (kind == "menu") {
+        QMenu menu;
+        menu.addAction("entry");
+        QTimer::singleShot(0, &menu, [&] { removeAndWait(&menu); });
+        menu.exec(m_desk->window->geometry().center());
+    } else {
+        QDialog dialog(kind == "dialog of the document" ? static_cast<QWidget *>(document)
+                                                        : m_desk->window.get());
+        QTimer::singleShot(0, &dialog, [&] { removeAndWait(&dialog); });
+        dialog.exec();
     }
+    QVERIFY(stayed);
+    QTRY_VERIFY(!document);
+    QVERIFY(m_desk->openNames().isEmpty());
+}
+
+void TestOpenDocuments::fileThatComesBackUnderADialogKeepsItsTab()
+{
+    const QByteArray report = readFile(Desk::path("Job 1/one.kelatr"));
+    const AbstractDocument *document = open("Job 1/one.kelatr");
+    QSignalSpy told(m_desk->window->findChild<QFileSystemWatcher *>(), &QFileSystemWatcher::directoryChanged);
+    {
+        QDialog dialog(m_desk->window.get());
+        QTimer::singleShot(0, &dialog, [&] {
+            QVERIFY(QFile::remove(document->filePath()));
+            QTRY_VERIFY(!told.isEmpty());
+            writeFile(document->filePath(), report);
+            dialog.close();
+        });
+        dialog.exec();
+    }
+    waitForTheDisk();
+    QCOMPARE(m_desk->openNames(), QStringList{"one.kelatr"});
+}
+
+void TestOpenDocuments::windowStaysWhileAMenuIsOpen()
+{
+    const QPointer<AbstractDocument> document = open("Job 1/one.kelatr");
+    QMenu menu;
+    menu.addAction("entry");
+    bool closed = true;
+    QTimer::singleShot(0, &menu, [&] {
+        // As a window manager or the end of a session asks for it.
+        closed = m_desk->window->close();
+        menu.close();
+    });
+    menu.exec(m_desk->window->geometry().center());
+    QVERIFY(!closed);
     QVERIFY(document);
-    QCOMPARE(m_desk->openNames(), QStringList{"curves.kelcrv"});
-    m_desk->window->closeDocument(document);
+    QVERIFY(m_desk->window->isVisible());
+    QVERIFY(m_desk->window->close());
     QTRY_VERIFY(!document);
 }
 
