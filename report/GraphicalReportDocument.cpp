@@ -11,6 +11,7 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QPointer>
 #include <QUndoStack>
 
 namespace {
@@ -110,7 +111,11 @@ void GraphicalReportDocument::save()
 {
     purgeDeletedItems();
     m_scene->save(filePath());
+    // The user may close the document now.
+    const QPointer<GraphicalReportDocument> guard(this);
     QCoreApplication::processEvents();
+    if (!guard)
+        return;
     setModified(false);
     m_actionSave->setEnabled(false);
     m_undoStack->setClean();
@@ -141,7 +146,10 @@ void GraphicalReportDocument::saveAsFavourite()
     message.defaultButton = QMessageBox::No;
     if (!askYesNo(message))
         return;
+    const QPointer<GraphicalReportDocument> guard(this);
     save();
+    if (!guard)
+        return;
     // In the spelling in which favourites are looked for, whatever the document's own.
     const QString suffix = QFileInfo(filePath()).suffix().toLower();
     const QString favourite = favouritePath(suffix);

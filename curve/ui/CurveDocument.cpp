@@ -28,6 +28,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QPointer>
 #include <QSettings>
 #include <QSplitter>
 #include <QToolBar>
@@ -185,12 +186,20 @@ bool CurveDocument::queryClose()
     return askToSave(tr("Save changes to %1?", "Warning Message").arg(fileName()));
 }
 
+bool CurveDocument::staysWhileEventsAreHandled()
+{
+    const QPointer<CurveDocument> guard(this);
+    QCoreApplication::processEvents();
+    return guard;
+}
+
 void CurveDocument::save()
 {
     if (!isValid())
         return;
     const WaitCursor wait;
-    QCoreApplication::processEvents();
+    if (!staysWhileEventsAreHandled())
+        return;
     m_actions->actionSave->activate(QAction::Trigger);
     treeModified(false);
 }
@@ -426,7 +435,8 @@ void CurveDocument::slotImport()
         if (path.isEmpty())
             return;
         const WaitCursor wait;
-        QCoreApplication::processEvents();
+        if (!staysWhileEventsAreHandled())
+            return;
         importCurves(path);
         settings.setValue(key, QFileInfo(path).absolutePath());
     });

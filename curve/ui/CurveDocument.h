@@ -72,6 +72,8 @@ private:
     void connectViews();
     void connectActions();
     void treeModified(bool dirty);
+    /// Lets what waits be shown. False if the user has closed the document meanwhile.
+    bool staysWhileEventsAreHandled();
     QModelIndexList selectedRows() const;
     /// Runs what a command does on the string under the last right click, which is then done with.
     void onContext(const std::function<void(const QModelIndex &index)> &work);

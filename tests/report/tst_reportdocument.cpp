@@ -120,6 +120,8 @@ private slots:
     void sceneAndStackMayGoInEitherOrder_data();
     void sceneAndStackMayGoInEitherOrder();
     void aDocumentMayCloseInTheMiddleOfAnEdit();
+    void aDocumentMayCloseWhileItSaves_data();
+    void aDocumentMayCloseWhileItSaves();
 
 private:
     QString path() const { return TestHome::instance()->path(QStringLiteral("report.kelatr")); }
@@ -576,6 +578,30 @@ void TestReportDocument::aDocumentMayCloseInTheMiddleOfAnEdit()
     document.reset();
     QVERIFY(!scene);
     QCOMPARE(elementById(readXml(path()), QStringLiteral("client")).text(), QStringLiteral("Sunny Farm"));
+}
+
+void TestReportDocument::aDocumentMayCloseWhileItSaves_data()
+{
+    QTest::addColumn<bool>("asFavourite");
+    QTest::newRow("save") << false;
+    QTest::newRow("save as favourite") << true;
+}
+
+void TestReportDocument::aDocumentMayCloseWhileItSaves()
+{
+    QFETCH(bool, asFavourite);
+    const QPointer<GraphicalReportDocument> document = new GraphicalReportDocument(path());
+    type(*document, "client", QStringLiteral("Roof 7"));
+    // Saving takes the keyboard from the text; what waits then goes on once the file is written.
+    QVERIFY(document->scene()->focusItem());
+    connect(document->scene(), &QGraphicsScene::focusItemChanged, this,
+            [&document] { QTimer::singleShot(0, document, [&document] { delete document; }); });
+    BoxWatcher watcher;
+    if (asFavourite)
+        watcher.expect(QStringLiteral("as a favourite"), QMessageBox::Yes);
+    action(*document, asFavourite ? "actionSaveFavourite" : "actionSave")->trigger();
+    QVERIFY(!document);
+    QCOMPARE(elementById(readXml(path()), QStringLiteral("client")).text(), QStringLiteral("Roof 7"));
 }
 
 KELMAR_TEST_MAIN(TestReportDocument)

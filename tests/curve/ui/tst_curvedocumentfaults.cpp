@@ -88,6 +88,7 @@ private slots:
     void rowDraggedWhileItsStringIsShownLeavesTheGraph();
     void rowsThatGoWhileADialogIsOpenAreLeftAlone();
     void fileThatHasGoneIsToldWhenAStringIsStored();
+    void aDocumentMayCloseBeforeItsSaveBegins();
     void whatWasAcceptedAssignedAndImportedSurvivesAKill();
 };
 
@@ -255,6 +256,15 @@ void TestCurveDocumentFaults::fileThatHasGoneIsToldWhenAStringIsStored()
     watcher.expectFileDialog(TestHome::instance()->path("rescued.csv"));
     desk.document.slotExportPoints();
     QVERIFY(QFile::exists(TestHome::instance()->path("rescued.csv")));
+}
+
+void TestCurveDocumentFaults::aDocumentMayCloseBeforeItsSaveBegins()
+{
+    const QPointer<CurveDocument> document = new CurveDocument(CurveDesk::makeFile(1));
+    // What waits goes on before the file is written, so that the cursor is seen.
+    QTimer::singleShot(0, document, [&document] { delete document; });
+    document->save();
+    QVERIFY(!document);
 }
 
 void TestCurveDocumentFaults::whatWasAcceptedAssignedAndImportedSurvivesAKill()
