@@ -84,8 +84,8 @@ Monkey::Monkey(unsigned seed, const QString &home, const QString &log)
 void Monkey::start()
 {
     // Each step has a timer of its own: one that is still in its call would not fire again in the event
-    // loop of a dialog that the call has opened.
-    QTimer::singleShot(int(m_random() % 12), this, &Monkey::step);
+    // loop of a dialog that the call has opened. Never at once: what a step has closed is left first.
+    QTimer::singleShot(1 + int(m_random() % 11), this, &Monkey::step);
 }
 
 void Monkey::leave()
