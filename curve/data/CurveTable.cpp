@@ -10,6 +10,7 @@
 #include "curve/data/StringRecord.h"
 
 #include <QCoreApplication>
+#include <QSqlError>
 #include <QSqlQuery>
 #include <QVariant>
 
@@ -237,6 +238,11 @@ std::unique_ptr<StringRecord> CurveTable::Reader::load(quint32 id)
     if (!execOrTell(*m_query) || !m_query->next())
         return nullptr;
     auto record = recordOf(*m_query);
+    // A text that memory does not hold reads as an empty one; it is the next step that fails.
+    if (record && !m_query->next() && m_query->lastError().isValid()) {
+        showSqlError(m_query->lastError());
+        record.reset();
+    }
     // What is still being read would keep others from writing.
     m_query->finish();
     return record;

@@ -58,8 +58,10 @@ TreeItem *newChild(const QSqlQuery &row, TreeItem &parent)
     return item;
 }
 
-/// Makes the children of one item. Rows come in descending order, so each goes to the front.
-void readChildren(QSqlQuery &rows, TreeItem &parent, int &nextNodeId)
+/// Makes the children of one item. Rows come in descending order, so each goes to the front. False, after the
+/// error has been told, if not all rows could be had: a damaged file may fail at any of them, and what was
+/// read until then must not pass for the whole.
+bool readChildren(QSqlQuery &rows, TreeItem &parent, int &nextNodeId)
 {
     while (rows.next()) {
         TreeItem *item = newChild(rows, parent);
@@ -68,7 +70,12 @@ void readChildren(QSqlQuery &rows, TreeItem &parent, int &nextNodeId)
         if (id >= nextNodeId && id < std::numeric_limits<int>::max())
             nextNodeId = id + 1;
     }
+    const QSqlError error = rows.lastError();
     rows.finish();
+    if (!error.isValid())
+        return true;
+    showSqlError(error);
+    return false;
 }
 
 /// What SQLite calls a file that another program has locked.
@@ -105,11 +112,11 @@ bool TreeNodeTable::read(TreeItem &root, int &nextNodeId) const
     QSqlQuery below(m_database);
     roots.setForwardOnly(true);
     below.setForwardOnly(true);
-    if (!prepareOrTell(roots, readStatement("ParentNodeID IS NULL")) || !execOrTell(roots)) {
+    if (!prepareOrTell(roots, readStatement("ParentNodeID IS NULL")) || !execOrTell(roots) ||
+        !readChildren(roots, root, nextNodeId)) {
         upgrade();
         return false;
     }
-    readChildren(roots, root, nextNodeId);
     if (!prepareOrTell(below, readStatement("ParentNodeID = ?")))
         return true;
 
@@ -124,11 +131,10 @@ bool TreeNodeTable::read(TreeItem &root, int &nextNodeId) const
             continue;
         seen.insert(id.toLongLong());
         below.bindValue(0, id);
-        if (!execOrTell(below)) {
+        if (!execOrTell(below) || !readChildren(below, *item, nextNodeId)) {
             upgrade();
             return true;
         }
-        readChildren(below, *item, nextNodeId);
         waiting += item->children;
     }
     return true;

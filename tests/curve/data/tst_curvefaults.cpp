@@ -1,6 +1,8 @@
+#include "app/core/Messages.h"
 #include "curve/data/CurveDatabase.h"
 #include "curve/data/CurveGraphModel.h"
 #include "curve/data/CurveTreeModel.h"
+#include "curve/data/ModuleDatabase.h"
 #include "curve/data/TreeNodeTable.h"
 #include "tests/curve/data/CurveSample.h"
 #include "tests/support/BoxWatcher.h"
@@ -21,6 +23,45 @@ int valueOf(const CurveDatabase &file, const char *statement)
 {
     QSqlQuery query(file.database());
     return query.exec(QLatin1String(statement)) && query.next() ? query.value(0).toInt() : -1;
+}
+
+/// The messages of the program are counted and not shown, however many there are.
+struct Told
+{
+    Told()
+    {
+        setMessageSink([this](const Message &) {
+            ++count;
+            return MessageAnswer{QMessageBox::Ok, false};
+        });
+    }
+    ~Told() { setMessageSink({}); }
+    Told(const Told &) = delete;
+    Told &operator=(const Told &) = delete;
+    int count = 0;
+};
+
+/// A database in which one page has become empty.
+QString damagedCopy(QByteArray bytes, int place, const QString &name)
+{
+    const int pageSize = (uchar(bytes.at(16)) << 8) + uchar(bytes.at(17));
+    bytes.replace(place, pageSize, QByteArray(pageSize, '\0'));
+    const QString path = TestHome::instance()->path(name);
+    writeFile(path, bytes);
+    return path;
+}
+
+int nodeCount(const CurveTreeModel &tree)
+{
+    int count = 0;
+    QModelIndexList waiting{QModelIndex()};
+    while (!waiting.isEmpty()) {
+        const QModelIndex next = waiting.takeLast();
+        for (int row = 0; row < tree.rowCount(next); ++row)
+            waiting.append(tree.index(row, 0, next));
+        count += tree.rowCount(next);
+    }
+    return count;
 }
 
 /// The number behind the last of these words that a writer has said; -1 for none.
@@ -47,7 +88,10 @@ private slots:
     void aLockedFileIsToldAndTheTreeCannotBeRead();
     void aFileLockedDuringASaveIsWaitedForOnce();
     void aSaveOfALockedFileIsToldAndCanBeRepeated();
+    void aDamagedTreeIsToldAndNotTakenForASmallerOne();
+    void aDamagedCatalogueIsToldAndNotTakenForASmallerOne();
     void nothingReportedDoneIsLostByAKill();
+    void aTextThatMemoryDoesNotHoldIsToldAndNotTakenForAnEmptyOne();
 };
 
 void TestCurveFaults::aFullDiskIsToldAndLeavesTheFileSound()
@@ -160,6 +204,61 @@ void TestCurveFaults::aSaveOfALockedFileIsToldAndCanBeRepeated()
     QCOMPARE(CurveSample::value(path, "SELECT count(*) FROM TreeNodes").toInt(), 50);
 }
 
+void TestCurveFaults::aDamagedTreeIsToldAndNotTakenForASmallerOne()
+{
+    constexpr int nodes = 900;
+    const QString path = CurveSample::newFile();
+    // Three hundred at the top, and the others below the first of them.
+    CurveSample::execute(path,
+                         {QString("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE "
+                                  "i < %1) INSERT INTO TreeNodes (NodeID, ParentNodeID, NodeDesc, "
+                                  "ParentRow) SELECT i, CASE WHEN i > 300 THEN 1 END, 'a node of some "
+                                  "length with the number ' || i, i FROM n")
+                              .arg(nodes)});
+    const QByteArray sound = readFile(path);
+    int damaged = 0;
+    for (int place = 1024; place < sound.size(); place += 1024) {
+        const QString copy = damagedCopy(sound, place, "damaged.kelcrv");
+        const Told told;
+        int found = -1;
+        try {
+            found = nodeCount(*CurveDatabase(copy).treeModel());
+        } catch (const std::exception &) {
+            QVERIFY(told.count > 0);
+        }
+        QVERIFY2(found == nodes || told.count > 0,
+                 qPrintable(QString("%1 nodes with the page at %2 gone").arg(found).arg(place)));
+        damaged += found != nodes;
+    }
+    QVERIFY2(damaged > 20, qPrintable(QString::number(damaged)));
+}
+
+void TestCurveFaults::aDamagedCatalogueIsToldAndNotTakenForASmallerOne()
+{
+    constexpr int modules = 500;
+    CurveSample::forgetCatalogue();
+    const QString path = CurveSample::writeCatalogue({});
+    CurveSample::execute(path,
+                         {QString("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < "
+                                  "%1) INSERT INTO Modules (Description, Isc, UserModule) SELECT 'a module "
+                                  "of some length with the number ' || i, 9.5, 0 FROM n")
+                              .arg(modules)});
+    const QByteArray sound = readFile(path);
+    int damaged = 0;
+    for (int place = 4096; place < sound.size(); place += 4096) {
+        ModuleDatabase catalogue;
+        const Told told;
+        QVERIFY(catalogue.open(damagedCopy(sound, place, "damaged.db")));
+        QVector<CurveModuleRow> rows(7);
+        const bool read = catalogue.table()->allRows(rows);
+        QCOMPARE(rows.size(), read ? modules : 7);
+        QVERIFY(read || told.count > 0);
+        damaged += !read;
+    }
+    QVERIFY2(damaged > 2, qPrintable(QString::number(damaged)));
+    CurveSample::forgetCatalogue();
+}
+
 void TestCurveFaults::nothingReportedDoneIsLostByAKill()
 {
     std::mt19937 random(200);
@@ -220,6 +319,21 @@ void TestCurveFaults::nothingReportedDoneIsLostByAKill()
     }
     QVERIFY2(savedTrees > 0, "no writer was killed between two saves");
     QCOMPARE(kills, 200);
+}
+
+// The last one, as the bound on memory holds for the rest of the process.
+void TestCurveFaults::aTextThatMemoryDoesNotHoldIsToldAndNotTakenForAnEmptyOne()
+{
+    const QString path = CurveSample::newFile();
+    const CurveDatabase database(path);
+    QCOMPARE(database.graphModel()->insertString(CurveSample::record(5)), 1u);
+    CurveSample::execute(path, {"INSERT INTO Curves (CurvePoints) VALUES (hex(zeroblob(10000000)))"});
+    QVERIFY(database.graphModel()->loadString(2) != nullptr);
+    QVERIFY(valueOf(database, "PRAGMA hard_heap_limit=50000000") > 0);
+    BoxWatcher watcher;
+    watcher.expect("memory", QMessageBox::Ok);
+    QVERIFY(database.graphModel()->loadString(2) == nullptr);
+    QCOMPARE(database.graphModel()->loadString(1)->measuredCurve().size(), 5);
 }
 
 KELMAR_TEST_MAIN(TestCurveFaults)
