@@ -55,9 +55,15 @@ bool ModuleTable::query(const QString &whereClause, QVector<CurveModuleRow> &row
         whereClause + QLatin1String(") ORDER BY Description ;");
     if (!prepareOrTell(query, statement) || !execOrTell(query))
         return false;
-    rows.clear();
+    QVector<CurveModuleRow> read;
     while (query.next())
-        rows.append(currentRow(query));
+        read.append(currentRow(query));
+    // A damaged file may fail at any row: what was read until then must not pass for the whole.
+    if (query.lastError().isValid()) {
+        showSqlError(query.lastError());
+        return false;
+    }
+    rows = read;
     return true;
 }
 
