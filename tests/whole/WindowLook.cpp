@@ -6,6 +6,7 @@
 #include "tests/whole/KeyboardReach.h"
 #include "tests/whole/WholeProgram.h"
 
+#include <QApplication>
 #include <QMenu>
 #include <QtTest>
 
@@ -41,4 +42,15 @@ void WindowLook::atMenu(QMenu *menu, const QString &name)
     WholeProgram::takePicture(menu, name);
     QVERIFY2(menu->sizeHint().width() <= menu->width(), qPrintable(name));
     expectNone(name, "shared keys", KeyboardReach::sharedAccelerators(menu));
+}
+
+void WindowLook::useColours()
+{
+    if (qEnvironmentVariable("KELMAR_PALETTE") != QLatin1String("dark"))
+        return;
+    QPalette dark(QColor(53, 53, 53), QColor(53, 53, 53));
+    dark.setColor(QPalette::Base, QColor(35, 35, 35));
+    dark.setColor(QPalette::Highlight, QColor(42, 130, 218));
+    dark.setColor(QPalette::HighlightedText, Qt::white);
+    QApplication::setPalette(dark);
 }

@@ -18,4 +18,7 @@ void atDialog(QWidget *dialog, const QString &name);
 /// Texts without room and keys of two entries.
 void atMenu(QMenu *menu, const QString &name);
 
+/// Gives the program what a desktop with dark colours gives it, where KELMAR_PALETTE asks for "dark".
+void useColours();
+
 } // namespace WindowLook

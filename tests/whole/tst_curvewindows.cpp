@@ -142,7 +142,11 @@ void TestCurveWindows::cleanup()
 void TestCurveWindows::open(const Visit &visit, const WholeProgram::Preparation &prepare)
 {
     bool visited = false;
-    WholeProgram::run({}, prepare, [&](MainWindow &window, BoxWatcher &watcher, int) {
+    const auto prepared = [&prepare](BoxWatcher &watcher) {
+        WindowLook::useColours();
+        prepare(watcher);
+    };
+    WholeProgram::run({}, prepared, [&](MainWindow &window, BoxWatcher &watcher, int) {
         window.resize(1000, 720);
         const QPointer<AbstractDocument> document =
             window.openDocument(inJob(m_german, "Roof south.kelcrv", "Dach Süd.kelcrv"));

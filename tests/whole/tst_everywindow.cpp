@@ -23,18 +23,6 @@ namespace {
 
 const char job[] = "Sunny Lane 12";
 
-/// What a desktop with dark colours gives the program, where KELMAR_PALETTE asks for it.
-void useColours()
-{
-    if (qEnvironmentVariable("KELMAR_PALETTE") != QLatin1String("dark"))
-        return;
-    QPalette dark(QColor(53, 53, 53), QColor(53, 53, 53));
-    dark.setColor(QPalette::Base, QColor(35, 35, 35));
-    dark.setColor(QPalette::Highlight, QColor(42, 130, 218));
-    dark.setColor(QPalette::HighlightedText, Qt::white);
-    QApplication::setPalette(dark);
-}
-
 QString inJob(const QString &file)
 {
     return TestHome::instance()->projectsRoot() + '/' + QLatin1String(job) + '/' + file;
@@ -162,7 +150,7 @@ void TestEveryWindow::start(const Visit &visit, const WholeProgram::Preparation 
     WholeProgram::run(
         {},
         [&prepare](BoxWatcher &watcher) {
-            useColours();
+            WindowLook::useColours();
             prepare(watcher);
         },
         [&](MainWindow &window, BoxWatcher &watcher, int) {
