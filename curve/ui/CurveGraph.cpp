@@ -25,6 +25,8 @@ namespace {
 /// The scales reach so far beyond the largest values.
 constexpr double headroom = 1.1;
 constexpr int titleWeight = 75;
+/// Of a ground that black can be read on.
+constexpr int leastLight = 128;
 
 /// Power has an axis of its own.
 int axisOf(TraceKind kind)
@@ -67,6 +69,8 @@ CurveGraph::~CurveGraph() = default;
 
 void CurveGraph::buildCanvas()
 {
+    // All writing on the plot is black, as on paper: a dark window showing through would swallow it.
+    setAutoFillBackground(QGuiApplication::palette().color(QPalette::Window).lightness() < leastLight);
     setPalette(QPalette(Qt::white));
     plotLayout()->setAlignCanvasToScales(true);
     auto *canvas = new QwtPlotCanvas;

@@ -46,8 +46,12 @@ void WindowLook::atMenu(QMenu *menu, const QString &name)
 
 void WindowLook::useColours()
 {
-    if (qEnvironmentVariable("KELMAR_PALETTE") != QLatin1String("dark"))
-        return;
+    if (qEnvironmentVariable("KELMAR_PALETTE") == QLatin1String("dark"))
+        useDarkColours();
+}
+
+void WindowLook::useDarkColours()
+{
     QPalette dark(QColor(53, 53, 53), QColor(53, 53, 53));
     dark.setColor(QPalette::Base, QColor(35, 35, 35));
     dark.setColor(QPalette::Highlight, QColor(42, 130, 218));

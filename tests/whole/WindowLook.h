@@ -18,7 +18,10 @@ void atDialog(QWidget *dialog, const QString &name);
 /// Texts without room and keys of two entries.
 void atMenu(QMenu *menu, const QString &name);
 
-/// Gives the program what a desktop with dark colours gives it, where KELMAR_PALETTE asks for "dark".
+/// Gives the program what a desktop with dark colours gives it.
+void useDarkColours();
+
+/// The same, where KELMAR_PALETTE asks for "dark".
 void useColours();
 
 } // namespace WindowLook

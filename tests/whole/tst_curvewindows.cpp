@@ -12,6 +12,8 @@
 
 #include <QtTest>
 #include <QtWidgets>
+#include <qwt_plot.h>
+#include <qwt_scale_widget.h>
 
 namespace {
 
@@ -74,6 +76,8 @@ private slots:
 
     void curveFile_data() { languages(); }
     void curveFile();
+    void graphCanBeReadOnADarkDesktop_data() { languages(); }
+    void graphCanBeReadOnADarkDesktop();
     void menus_data() { languages(); }
     void menus();
     void details_data() { languages(); }
@@ -181,6 +185,23 @@ void TestCurveWindows::curveFile()
         watcher.expect(word("Save changes", "speichern"), QMessageBox::No);
         QVERIFY(window->close());
     });
+}
+
+void TestCurveWindows::graphCanBeReadOnADarkDesktop()
+{
+    open(
+        [](const CurveDesk &desk, BoxWatcher &) {
+            const QwtPlot *plot = desk.document->findChild<QwtPlot *>();
+            const QImage window = desk.document->window()->grab().toImage();
+            const QPoint corner = plot->mapTo(desk.document->window(), QPoint(1, 1));
+            const int ground = window.pixelColor(corner * window.devicePixelRatio()).lightness();
+            for (const int axis : {QwtPlot::xBottom, QwtPlot::yLeft}) {
+                const QWidget *scale = plot->axisWidget(axis);
+                QVERIFY(qAbs(scale->palette().color(QPalette::Text).lightness() - ground) > 150);
+                QVERIFY(qAbs(scale->palette().color(QPalette::WindowText).lightness() - ground) > 150);
+            }
+        },
+        [](BoxWatcher &) { WindowLook::useDarkColours(); });
 }
 
 void TestCurveWindows::lookAtMenu(const std::function<void()> &openMenu, const QString &name) const
