@@ -12,6 +12,9 @@
 #include <QDomElement>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextLayout>
 
 namespace {
 
@@ -65,6 +68,7 @@ private slots:
     void whatAFileCannotHoldIsLeftOutOfACaption();
     void aCaptionIsAtLeastAsHighAsItsFileSays();
     void aCaptionIsAsLargeOnEveryScreen();
+    void germanNameOfAnInverterStandsInOneLine();
     void everyChangeIsTold();
 
     void aNoteIsAsLargeAsItsCaptionAndWhereThatIs();
@@ -374,6 +378,14 @@ void TestDiagramComponent::aCaptionIsAsLargeOnEveryScreen()
     }
     QApplication::setFont(before);
     QCOMPARE(sizes.first(), sizes.last());
+}
+
+void TestDiagramComponent::germanNameOfAnInverterStandsInOneLine()
+{
+    // The room of an inverter's caption is fixed; the longest name that the program proposes must fit in.
+    const DiagramLabel caption(nullptr, "Wechselrichter", QSizeF(120, 40));
+    QVERIFY(caption.boundingRect().isValid());
+    QCOMPARE(caption.document()->firstBlock().layout()->lineCount(), 1);
 }
 
 void TestDiagramComponent::everyChangeIsTold()
