@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian or Ubuntu packages that are missing for the purposes named. What cannot be installed is
 # told and not waited for: the build says itself what it cannot do without.
-#   tools/install-packages.sh build|run|test|package ...
+#   tools/install-packages.sh build|run|test|package|benchmark ...
 set -euo pipefail
 
 packages_build=(g++ cmake ninja-build ccache qtbase5-dev qttools5-dev qttools5-dev-tools libqt5svg5-dev
@@ -10,6 +10,8 @@ packages_run=(libqt5svg5 qt5-image-formats-plugins libqt5sql5-sqlite fonts-liber
 packages_test=(xvfb xauth openbox xdotool x11-utils poppler-utils libbenchmark-dev clang)
 packages_package=(dpkg-dev file lintian man-db appstream desktop-file-utils shared-mime-info libglib2.0-bin sqlite3
     xvfb xauth openbox xdotool x11-utils poppler-utils)
+# What the benchmarks compare with.
+packages_benchmark=(libbenchmark-dev sqlite3 python3-numpy)
 
 install_missing() {
     local missing=() as_root=()
