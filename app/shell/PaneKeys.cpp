@@ -50,7 +50,7 @@ PaneKeys::PaneKeys(QMainWindow *window, QMdiArea *area, const QVector<QDockWidge
         m_panels.append(panel);
     const auto *forth = new QShortcut(QKeySequence(Qt::Key_F6), window);
     connect(forth, &QShortcut::activated, this, [this] { move(1); });
-    const auto *back = new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F6), window);
+    const auto *back = new QShortcut(QKeySequence(int(Qt::SHIFT) + int(Qt::Key_F6)), window);
     connect(back, &QShortcut::activated, this, [this] { move(-1); });
 }
 

@@ -24,7 +24,7 @@ constexpr int maxText = 1000000;
 constexpr qint64 maxEmbeddedBytes = 64LL * 1024 * 1024;
 /// Each rule of a style sheet is held against each element.
 constexpr qint64 maxStyleEffort = 20000000;
-constexpr qint64 maxStyleSize = 256 * 1024;
+constexpr qint64 maxStyleSize = 256LL * 1024;
 /// The renderer sorts the stops of a gradient anew at each of them.
 constexpr int maxStops = 10000;
 

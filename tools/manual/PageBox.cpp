@@ -1,6 +1,7 @@
 #include "tools/manual/PageBox.h"
 
 #include <QPainter>
+#include <QtMath>
 
 void TextBox::setMarker(const StyledText &marker, qreal distance)
 {
@@ -109,6 +110,8 @@ void ContentsBox::paint(QPainter &painter, const QPointF &topLeft) const
     const qreal dot = m_step / 7;
     painter.setPen(Qt::NoPen);
     painter.setBrush(PageStyle::rule());
-    for (qreal x = m_width - 6 * m_step; x > from; x -= m_step)
-        painter.drawEllipse(QPointF(topLeft.x() + x, topLeft.y() + height * 0.68), dot, dot);
+    const qreal last = m_width - 6 * m_step;
+    const int dots = qCeil((last - from) / m_step);
+    for (int i = 0; i < dots; ++i)
+        painter.drawEllipse(topLeft + QPointF(last - i * m_step, height * 0.68), dot, dot);
 }

@@ -30,17 +30,16 @@ public:
                 breakPage();
             // Pictures keep their order: one that would fit waits behind one that does not.
             const bool mayWait = m_boxes[next]->mayFloat && end == next + 1 && !atTop();
-            if (fits(next, end) && (m_waiting.empty() || !mayWait)) {
-                place(next, end);
-            } else if (mayWait) {
-                m_waiting.push_back(m_boxes[next]);
-            } else if (!atTop()) {
+            const bool fitsHere = fits(next, end) && (m_waiting.empty() || !mayWait);
+            if (!fitsHere && !mayWait && !atTop()) {
                 breakPage();
                 continue;
-            } else {
-                // Taller than a page: it must stand somewhere.
-                place(next, end);
             }
+            // What is taller than a page must stand somewhere, too.
+            if (fitsHere || !mayWait)
+                place(next, end);
+            else
+                m_waiting.push_back(m_boxes[next]);
             next = end;
             if (!m_waiting.empty() && (next == m_boxes.size() || m_boxes[next]->isHeading))
                 breakPage();
