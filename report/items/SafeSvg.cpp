@@ -18,8 +18,8 @@ constexpr int maxDepth = 256;
 constexpr int maxEntityText = 64 * 1024;
 constexpr double maxExtent = 100000.0;
 /// Elements that references may add to those that stand in the file.
-constexpr qint64 maxRepeated = 100000;
-constexpr int maxElements = 100000;
+constexpr qint64 maxRepeated = 60000;
+constexpr int maxElements = 60000;
 constexpr int maxText = 1000000;
 constexpr qint64 maxEmbeddedBytes = 64LL * 1024 * 1024;
 /// Each rule of a style sheet is held against each element.

@@ -157,10 +157,10 @@ void TestHostilePictures::addHeavyDrawings() const
         << "<!DOCTYPE svg [<!ENTITY a \"" + QByteArray(9999, 'a') + "\"><!ENTITY b \"" +
                QByteArray("&a;").repeated(1000) + "\">]>" + svg("<text>&b;</text>");
     row("sheets of paint",
-        QByteArray("<rect width=\"100\" height=\"100\" opacity=\"0.5\"/>").repeated(90000));
+        QByteArray("<rect width=\"100\" height=\"100\" opacity=\"0.5\"/>").repeated(55000));
     row("paint by reference", "<g id=\"a\">" +
-                                  QByteArray("<rect width=\"100\" height=\"100\"/>").repeated(300) + "</g>" +
-                                  QByteArray("<use xlink:href=\"#a\"/>").repeated(300));
+                                  QByteArray("<rect width=\"100\" height=\"100\"/>").repeated(200) + "</g>" +
+                                  QByteArray("<use xlink:href=\"#a\"/>").repeated(200));
     row("a path of corners without end", "<path d=\"" + corners(400000, 100) + "\"/>");
     row("dashes without end",
         "<path fill=\"none\" stroke=\"red\" stroke-dasharray=\"0.01\" d=\"" + corners(50000, 100) + "\"/>");
