@@ -144,9 +144,9 @@ void GraphicalReportDocument::saveAsFavourite()
            "(NOTE: You may restore the default document at any time from the settings.)");
     message.buttons = QMessageBox::Yes | QMessageBox::No;
     message.defaultButton = QMessageBox::No;
-    if (!askYesNo(message))
-        return;
     const QPointer<GraphicalReportDocument> guard(this);
+    if (!askYesNo(message) || !guard)
+        return;
     save();
     if (!guard)
         return;
